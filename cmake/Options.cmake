@@ -1,0 +1,18 @@
+# Flags of every target of the project, in one place: link `pulselark_options`.
+include(CheckCXXCompilerFlag)
+
+add_library(pulselark_options INTERFACE)
+target_compile_options(pulselark_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -fno-math-errno)
+if(PULSELARK_WERROR)
+  target_compile_options(pulselark_options INTERFACE -Werror)
+endif()
+if(PULSELARK_TUNED)
+  check_cxx_compiler_flag(-march=x86-64-v2 PULSELARK_HAS_X86_64_V2)
+  if(PULSELARK_HAS_X86_64_V2)
+    target_compile_options(pulselark_options INTERFACE -march=x86-64-v2)
+  endif()
+endif()
+if(PULSELARK_SANITIZE)
+  add_compile_options(-fsanitize=${PULSELARK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${PULSELARK_SANITIZE})
+endif()

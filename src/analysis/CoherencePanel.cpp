@@ -1,0 +1,8 @@
+#include "analysis/CoherencePanel.h"
+
+namespace pulselark {
+
+void DrawCoherenceA() {}
+void DrawCoherenceB() {}
+
+} // namespace pulselark

@@ -1,0 +1,8 @@
+#include "analysis/History.h"
+
+namespace pulselark {
+
+void DrawHistoryA() {}
+void DrawHistoryB() {}
+
+} // namespace pulselark

@@ -1,0 +1,10 @@
+#include "analysis/HrvPanel.h"
+
+namespace pulselark {
+
+void DrawHrvA() {}
+void DrawHrvB() {}
+void DrawHrvBarsA() {}
+void DrawHrvBarsB() {}
+
+} // namespace pulselark

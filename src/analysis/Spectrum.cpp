@@ -1,0 +1,104 @@
+#include "analysis/Spectrum.h"
+
+#include "base/FFT.h"
+#include "session/AnalysisBuffers.h"
+#include "session/MainBuffers.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <numbers>
+
+namespace pulselark {
+
+Boolean RecalcForced = Off;
+
+namespace {
+
+struct SpectrumChannel {
+    const EcgBuffer& Ecg;
+    SpectrumRing& Raw;
+    SpectrumRing& Avg;
+    Integer& Slot;
+    double& Norm;
+    SpectrumMemory& Memory;
+};
+
+// ln 128: the norm's factor.
+const double LogOfNormBins = 7 * std::numbers::ln2;
+
+// The newest samples in time order, newest last. The session's first sample is never used; positions before
+// it keep what they held.
+void FillTransformInput(const EcgBuffer& ecg) {
+    const Long newest = AnalysisSecond * SamplesPerSecond;
+    const Long count = std::clamp<Long>(newest - 1, 0, SpectrumFftLength);
+    if (count > 0)
+        std::copy_n(&ecg.at(newest - count + 1), count, &FftRealIn1024[SpectrumFftLength - count + 1]);
+}
+
+void StoreMagnitudes(Series<float, SpectrumBins>& raw) {
+    const float* real = FftRealOut1024.data();
+    const float* imaginary = FftImagOut1024.data();
+    float* magnitude = raw.data();
+    for (int i = 0; i < SpectrumBins; ++i) {
+        const double re = real[i];
+        const double im = imaginary[i];
+        magnitude[i] = static_cast<float>(std::sqrt(re * re + im * im));
+    }
+}
+
+// Mean over the newest `count` slots, summed from the newest backwards. Returns the sum of the norm's bins.
+double StoreMean(const SpectrumRing& raw, Series<float, SpectrumBins>& avg, int slot, int count) {
+    alignas(64) std::array<double, SpectrumBins> mean;
+    std::copy(raw[slot].begin(), raw[slot].end(), mean.begin());
+    for (int age = 1; age < count; ++age) {
+        slot = slot > 1 ? slot - 1 : RingSlots;
+        const float* older = raw[slot].data();
+        for (std::size_t i = 0; i < mean.size(); ++i)
+            mean[i] += older[i];
+    }
+    const double divisor = count;
+    for (std::size_t i = 0; i < mean.size(); ++i) {
+        mean[i] /= divisor;
+        avg.data()[i] = static_cast<float>(mean[i]);
+    }
+    double sum = 0;
+    for (std::size_t i = 0; i < SpectrumNormBins; ++i)
+        sum += mean[i];
+    return sum;
+}
+
+void CalcSpectrum(const SpectrumChannel& channel) {
+    SpectrumMemory& memory = channel.Memory;
+    if (AnalysisSecond == memory.LastSecond && RecalcForced == Off)
+        return;
+    FillTransformInput(channel.Ecg);
+    fft_float(SpectrumFftLength, 0, FftRealIn1024.data(), FftImagIn1024.data(), FftRealOut1024.data(),
+              FftImagOut1024.data());
+    channel.Slot = channel.Slot < RingSlots ? static_cast<Integer>(channel.Slot + 1) : Integer{1};
+    StoreMagnitudes(channel.Raw[channel.Slot]);
+    const bool neighbour = std::abs(AnalysisSecond - memory.LastSecond) == 1;
+    memory.AverageCount =
+        neighbour ? std::min<Integer>(static_cast<Integer>(memory.AverageCount + 1), SpectrumAverageLimit)
+                  : Integer{1};
+    channel.Norm =
+        StoreMean(channel.Raw, channel.Avg[channel.Slot], channel.Slot, memory.AverageCount) * LogOfNormBins;
+    memory.LastSecond = AnalysisSecond;
+}
+
+const SpectrumChannel channelA{EcgA,          SpectrumRawA,  SpectrumAvgA,
+                               SpectrumSlotA, SpectrumNormA, SpectrumTrack.A};
+const SpectrumChannel channelB{EcgB,          SpectrumRawB,  SpectrumAvgB,
+                               SpectrumSlotB, SpectrumNormB, SpectrumTrack.B};
+
+} // namespace
+
+void CalcSpectrumA() {
+    CalcSpectrum(channelA);
+}
+void CalcSpectrumB() {
+    CalcSpectrum(channelB);
+}
+
+} // namespace pulselark

@@ -1,0 +1,8 @@
+#include "analysis/SpectrumPanel.h"
+
+namespace pulselark {
+
+void DrawSpectrumA() {}
+void DrawSpectrumB() {}
+
+} // namespace pulselark

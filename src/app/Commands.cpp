@@ -1,0 +1,43 @@
+#include "app/Commands.h"
+
+#include "base/Numbers.h"
+
+#include <cstdio>
+
+namespace pulselark {
+
+std::string HelpText() {
+    return "PulseLark, a heart-rhythm biofeedback workstation\n"
+           "\n"
+           "  pulselark [FILE.hti]                     opens the window, with a session\n"
+           "  pulselark analyse FILE.hti [--averaging N] [--out FILE.csv]\n"
+           "                                           loads, rescans and replays a session and writes the "
+           "numbers\n"
+           "                                           of each replayed second; N is the averaging width "
+           "(default 0)\n"
+           "  pulselark resave IN.hti OUT.hti          reads a session and writes it anew\n"
+           "  pulselark --help | --version\n"
+           "\n"
+           "For the window:\n"
+           "  --full-speed                             replays the session as fast as it can, then ends\n"
+           "  --picture FILE.png                       with --full-speed: leaves a picture of the workspace\n"
+           "\n"
+           "Exit codes: 0 success, 1 a failure (one line on standard error says what and where), 2 wrong "
+           "usage.\n";
+}
+
+int Complain(const std::string& text, int exitCode) {
+    std::fprintf(stderr, "pulselark: %s\n", text.c_str());
+    return exitCode;
+}
+
+int ComplainOfFile(const std::string& name, int number, int line) {
+    std::string text = name;
+    if (line > 0)
+        text += ": line " + std::to_string(line);
+    text += std::string(": ") + FailureText(static_cast<Integer>(number)) + " (failure " +
+            std::to_string(number) + ")";
+    return Complain(text, ExitFailure);
+}
+
+} // namespace pulselark

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "base/Colour.h"
+#include "base/Numbers.h"
+
+#include <string>
+
+/// Controls of the windows as plain values. The routines of the system set them, the windows mirror them; so
+/// everything that a control shows can be tested without a window.
+namespace pulselark {
+
+struct Label {
+    std::string Caption;
+    bool Visible = false;
+    Colour ForeColour = 0;
+};
+
+/// A picture box that shows one frame of a strip of button pictures.
+struct PictureButton {
+    Integer Frame = 0;
+};
+
+/// A timer of the user-interface thread. Whoever runs the timers calls `Handler` each time `Interval`
+/// milliseconds have passed while `Enabled` is set; a one-shot timer disables itself in its handler.
+struct Timer {
+    const char* Name;
+    Long Interval; ///< milliseconds
+    bool Enabled = false;
+    void (*Handler)() = nullptr;
+};
+
+} // namespace pulselark

@@ -1,0 +1,117 @@
+#include "base/Text.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <system_error>
+
+namespace pulselark {
+
+namespace {
+
+constexpr std::string_view Blanks = " \t\r";
+
+// from_chars takes "inf" and "nan" and no plus; a number in a file begins with a digit or a point.
+std::string_view NumberBody(std::string_view text) {
+    text = Trimmed(text);
+    const bool plus = !text.empty() && text.front() == '+';
+    if (plus)
+        text.remove_prefix(1);
+    const std::size_t sign = !plus && !text.empty() && text.front() == '-' ? 1 : 0;
+    if (text.size() <= sign || !((text[sign] >= '0' && text[sign] <= '9') || text[sign] == '.'))
+        throw Failure{FailureTypeMismatch};
+    return text;
+}
+
+// A number beyond the type's range: too small is zero, too large does not fit.
+template <class Real>
+Real OutOfRange(std::string_view body) {
+    long double wide = 0;
+    const auto result = std::from_chars(body.data(), body.data() + body.size(), wide);
+    if (result.ec == std::errc::result_out_of_range) {
+        const std::size_t exponent = body.find_first_of("eE");
+        const bool tiny =
+            exponent != std::string_view::npos && body.find('-', exponent) != std::string_view::npos;
+        if (!tiny)
+            throw Failure{FailureOverflow};
+        return 0;
+    }
+    if (std::fabs(wide) > 1)
+        throw Failure{FailureOverflow};
+    return static_cast<Real>(wide);
+}
+
+template <class Real>
+Real Parse(std::string_view text) {
+    Real value = 0;
+    const char* end = text.data() + text.size();
+    auto result = std::from_chars(text.data(), end, value);
+    // The common case is a bare number that fills the line; everything else is looked at closely.
+    if (result.ec == std::errc() && result.ptr == end && std::isfinite(value))
+        return value;
+    const std::string_view body = NumberBody(text);
+    end = body.data() + body.size();
+    result = std::from_chars(body.data(), end, value);
+    if (result.ptr != end || result.ec == std::errc::invalid_argument)
+        throw Failure{FailureTypeMismatch};
+    return result.ec == std::errc::result_out_of_range ? OutOfRange<Real>(body) : value;
+}
+
+} // namespace
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+float ParseSingle(std::string_view text) {
+    return Parse<float>(text);
+}
+
+double ParseDouble(std::string_view text) {
+    return Parse<double>(text);
+}
+
+Long ParseLong(std::string_view text) {
+    const double value = ParseDouble(text);
+    if (!(std::fabs(value) < 4e9))
+        throw Failure{FailureOverflow};
+    const std::int64_t whole = Round(value);
+    if (whole < std::numeric_limits<Long>::min() || whole > std::numeric_limits<Long>::max())
+        throw Failure{FailureOverflow};
+    return static_cast<Long>(whole);
+}
+
+void AppendLong(std::string& text, Long value) {
+    char digits[16];
+    const auto result = std::to_chars(digits, digits + sizeof digits, value);
+    text.append(digits, result.ptr);
+}
+
+char* WriteSingle(char* out, float value) {
+    constexpr float LargestPlainWhole = 9999999.0F;
+    char* const limit = out + LongestSingle;
+    if (!std::isfinite(value)) {
+        *out = '0';
+        return out + 1;
+    }
+    const bool negativeZero = value == 0 && std::signbit(value);
+    if (std::fabs(value) <= LargestPlainWhole && value == std::trunc(value) && !negativeZero)
+        return std::to_chars(out, limit, static_cast<Long>(value)).ptr;
+    char* end = std::to_chars(out, limit, value).ptr;
+    char* const zero = *out == '-' ? out + 1 : out;
+    if (end - zero > 1 && zero[0] == '0' && zero[1] == '.') {
+        std::memmove(zero, zero + 1, static_cast<std::size_t>(end - zero) - 1);
+        --end;
+    }
+    for (char* c = out; c != end; ++c) {
+        if (*c == 'e')
+            *c = 'E';
+    }
+    return end;
+}
+
+} // namespace pulselark

@@ -1,0 +1,7 @@
+#include "feedback/MIDI_CMD.h"
+
+namespace pulselark {
+
+void PlayMidiChord() {}
+
+} // namespace pulselark

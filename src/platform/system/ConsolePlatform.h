@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/system/SystemClock.h"
+#include "platform/system/SystemFiles.h"
+
+namespace pulselark {
+
+/// The platform of the command line: no window, no dialog, no progress. A message is not shown, since the
+/// command that caused it tells of its failure itself; its answer is the most careful button.
+class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
+public:
+    ConsolePlatform() : platform_{clock_, files_, *this, *this, *this, *this} { InstallPlatform(platform_); }
+
+    std::optional<std::string> ChooseFileToOpen(const std::string& /*start*/,
+                                                const std::string& /*filter*/) override {
+        return std::nullopt;
+    }
+    std::optional<std::string> ChooseFileToSave(const std::string& /*start*/,
+                                                const std::string& /*filter*/) override {
+        return std::nullopt;
+    }
+    int Show(const std::string& /*text*/, int buttons) override {
+        return (buttons & ButtonCancel) != 0 ? ButtonCancel : (buttons & ButtonNo) != 0 ? ButtonNo : ButtonOK;
+    }
+    void Yield() override {}
+    void Show(const std::string& /*caption*/) override {}
+    void Draw(double /*percent*/) override {}
+    void Hide() override {}
+
+private:
+    SystemClock clock_;
+    SystemFiles files_;
+    Platform platform_;
+};
+
+} // namespace pulselark

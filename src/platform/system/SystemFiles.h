@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Files.h"
+
+namespace pulselark {
+
+/// Whole files by the system's own calls.
+class SystemFiles final : public Files {
+public:
+    Integer ReadWhole(const std::string& name, std::string& bytes) override;
+    Integer ReplaceWhole(const std::string& name, const std::string& bytes) override;
+};
+
+} // namespace pulselark

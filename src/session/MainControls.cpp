@@ -1,0 +1,68 @@
+#include "session/MainControls.h"
+
+#include "session/MainBuffers.h"
+
+#include <utility>
+
+namespace pulselark {
+
+Label labStatus, labPTime, labBFStart, labBPMA, labBPMB, labHRVNoDataA, labHRVNoDataB, labDryTesting;
+Label labChannelMode, labLoading;
+std::array<Label, 2> labQSMenu;
+
+PictureButton picStartSmp, picReplay, picStop;
+
+Timer timReplay{"timReplay", ReplayInterval};
+Timer timProcess{"timProcess", 20};
+Timer timStop{"timStop", 1000};
+Timer timLedBlink{"timLedBlink", 146};
+Timer timPause{"timPause", 5000};
+Timer timBlockMovieCommands{"timBlockMovieCommands", 2000};
+Timer timPlayerCheck{"timPlayerCheck", 250};
+Timer timABMode{"timABMode", 750};
+Timer timLoadingProgress{"timLoadingProgress", 250, true};
+Timer timStartUp{"timStartUp", 100};
+Timer timShowModules{"timShowModules", 1500};
+Timer timPrintFirst{"timPrintFirst", 618};
+
+namespace {
+
+constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
+                               &timLedBlink,    &timPause,       &timBlockMovieCommands,
+                               &timPlayerCheck, &timABMode,      &timLoadingProgress,
+                               &timStartUp,     &timShowModules, &timPrintFirst};
+
+} // namespace
+
+std::span<Timer* const> SessionTimers() {
+    return AllTimers;
+}
+
+void ResetMainControls() {
+    for (Label* label :
+         {&labStatus, &labPTime, &labBFStart, &labBPMA, &labBPMB, &labHRVNoDataA, &labHRVNoDataB,
+          &labDryTesting, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
+        *label = Label{};
+    for (Timer* timer : AllTimers)
+        timer->Enabled = false;
+    timLoadingProgress.Enabled = true;
+    timReplay.Interval = ReplayInterval;
+    RefreshSessionButtons(true);
+}
+
+void RefreshSessionButtons(bool /*force*/) {
+    picStartSmp.Frame = 1;
+    if (SessionRunning != Off || SessionSeconds < ReplayMinimumSeconds) {
+        picReplay.Frame = FrameReplayBlocked;
+        picStop.Frame = FrameStopBlocked;
+        return;
+    }
+    picReplay.Frame = timReplay.Enabled ? FrameReplayRunning : FrameReplayRest;
+    picStop.Frame = FrameStopRest;
+}
+
+void ShowStatus(std::string text) {
+    labStatus.Caption = std::move(text);
+}
+
+} // namespace pulselark

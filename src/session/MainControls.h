@@ -1,0 +1,73 @@
+#pragma once
+
+#include "base/Controls.h"
+
+#include <array>
+#include <span>
+
+/// The controls of the main window as values: set by the routines of the system, mirrored by the window.
+namespace pulselark {
+
+// Labels.
+extern Label labStatus;                    ///< message of the status line
+extern Label labPTime;                     ///< time of the second on the ECG panels
+extern Label labBFStart;                   ///< countdown to the start of biofeedback
+extern Label labBPMA, labBPMB;             ///< heart rate beside the history panels
+extern Label labHRVNoDataA, labHRVNoDataB; ///< how long the HRV panels still wait for data
+extern Label labDryTesting;                ///< that sessions run without a monitor
+extern Label labChannelMode;               ///< the channel mode in words (the settings' channel action)
+extern std::array<Label, 2> labQSMenu;     ///< 0 the quick scan's button, 1 the print button
+
+// Buttons of the top bar, by the frame of their strip.
+extern PictureButton picStartSmp; ///< record: frame of the colour scheme's row
+extern PictureButton picReplay;
+extern PictureButton picStop;
+
+// Frames of the strip of replay and stop pictures: three columns (replay, stop, replay while it runs), three
+// rows (at rest, not available, under the pointer).
+inline constexpr Integer FrameReplayRest = 1;
+inline constexpr Integer FrameStopRest = 2;
+inline constexpr Integer FrameReplayRunning = 3;
+inline constexpr Integer FrameReplayBlocked = 4; ///< during a recording, or with too little to replay
+inline constexpr Integer FrameStopBlocked = 5;   ///< the same, and while pressed
+inline constexpr Integer FrameReplayHover = 7;
+inline constexpr Integer FrameStopHover = 8;
+inline constexpr Integer FrameReplayRunningHover = 9;
+
+/// Seconds that a session needs to be replayed.
+inline constexpr Long ReplayMinimumSeconds = 5;
+
+// Timers of the session, with their intervals in ms; all start disabled but timLoadingProgress.
+extern Timer timReplay;             ///< the session tick: 1000, or 37500 in time-lapse replay
+extern Timer timProcess;            ///< the acquisition tick of a live recording
+extern Timer timStop;               ///< closes the monitor one second after a recording stopped
+extern Timer timLedBlink;           ///< blinks the record button
+extern Timer timPause;              ///< restarts the music player after a pause of the session
+extern Timer timBlockMovieCommands; ///< ends MovieCommandsBlocked
+extern Timer timPlayerCheck;        ///< watches the music player
+extern Timer timABMode;             ///< applies the channel mode after the first paint of the panels
+extern Timer timLoadingProgress;    ///< animates the "loading" label during start-up
+extern Timer timStartUp;            ///< second stage of start-up
+extern Timer timShowModules;        ///< third stage of start-up
+extern Timer timPrintFirst;         ///< first paint of all panels
+
+inline constexpr Long ReplayInterval = 1000;
+inline constexpr Long TimeLapseInterval = 37500;
+
+extern Label labLoading; ///< "loading" with its dots, during start-up
+
+/// All of the above timers, for whoever runs them.
+std::span<Timer* const> SessionTimers();
+
+/// Puts the controls to their start values; the handlers of the timers stay.
+void ResetMainControls();
+
+/// Draws the three buttons from the flags: a session of at least 5 seconds can be replayed and stopped,
+/// during a recording neither can be used. `force` is for a change of the colour scheme, when all must be
+/// drawn anew.
+void RefreshSessionButtons(bool force);
+
+/// Shows a text on the status line.
+void ShowStatus(std::string text);
+
+} // namespace pulselark

@@ -1,0 +1,24 @@
+#include "session/PanelSurfaces.h"
+
+namespace pulselark {
+
+Surface* picIA = &NoSurface();
+Surface* picIB = &NoSurface();
+Surface* picIAP = &NoSurface();
+Surface* picIBP = &NoSurface();
+Surface* picSA = &NoSurface();
+Surface* picSB = &NoSurface();
+Surface* picGCA = &NoSurface();
+Surface* picGCB = &NoSurface();
+Surface* picHRVA = &NoSurface();
+Surface* picHRVB = &NoSurface();
+Surface* picHisA = &NoSurface();
+Surface* picHisB = &NoSurface();
+
+void ResetPanelSurfaces() {
+    for (Surface** panel : {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA,
+                            &picHRVB, &picHisA, &picHisB})
+        *panel = &NoSurface();
+}
+
+} // namespace pulselark

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Surface.h"
+
+/// The surfaces of the analysis panels. Whoever has a window puts its own here; without one they are
+/// `NoSurface()`, and drawing costs nothing.
+namespace pulselark {
+
+extern Surface* picIA;  ///< ECG input, channel A
+extern Surface* picIB;  ///< ECG input, channel B
+extern Surface* picIAP; ///< its twin, which keeps the picture of the replay
+extern Surface* picIBP;
+extern Surface* picSA; ///< spectrum
+extern Surface* picSB;
+extern Surface* picGCA; ///< coherence
+extern Surface* picGCB;
+extern Surface* picHRVA; ///< heart rate variability
+extern Surface* picHRVB;
+extern Surface* picHisA; ///< history
+extern Surface* picHisB;
+
+/// Takes all surfaces away again.
+void ResetPanelSurfaces();
+
+} // namespace pulselark

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "base/Numbers.h"
+
+/// One second of the session. The order is the design of the system: the transform buffers are shared, and
+/// each step reads what the one before it wrote.
+namespace pulselark {
+
+/// Spectrum A and B, coherence A and B, moving averages, HRV A and B for `AnalysisSecond`.
+void RunAnalyses();
+
+/// Spectrum, coherence, history and HRV panels, both channels each, but for those that the selected training
+/// has no use for. `beforeHistory` runs between the coherence and the history panels.
+void DrawAnalysisPanels(void (*beforeHistory)() = nullptr);
+
+/// The chord of the second, when sound is wanted: in training by the two coherence modes with
+/// `MidiInTraining`, outside training with `MidiInPanels`.
+void PlayChordIfWanted();
+
+/// The whole second `SessionTick`: start notice, analyses, panels or (with `AppLinkOnly`) the link, training,
+/// chord; then the cursor moves on. The caller has made sure that the session has that second.
+void RunSessionTick();
+
+/// Runs the start notice `labBFStart`: a countdown from second 13 on, in the coherence modes of the training.
+void ShowStartNotice();
+
+} // namespace pulselark
