@@ -1,0 +1,107 @@
+#include "app/RunWindow.h"
+
+#include "app/Commands.h"
+#include "persistence/OpenSession.h"
+#include "platform/Platform.h"
+#include "platform/ProgramFolder.h"
+#include "platform/system/FindProgramFolder.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+#include "session/Replay.h"
+#include "session/StartUp.h"
+#include "workspace/Look.h"
+#include "workspace/WindowPlatform.h"
+#include "workspace/frmMain.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScreen>
+#include <QStyleFactory>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace pulselark {
+
+namespace {
+
+// Every second of the session in its turn, with the window painted as often as the eye can follow.
+void ReplayAtFullSpeed() {
+    constexpr int MillisecondsBetweenPictures = 33;
+    auto nextPicture = ThePlatform().Clock.Milliseconds();
+    while (timReplay.Enabled) {
+        ReplayTick();
+        if (ThePlatform().Clock.Milliseconds() >= nextPicture) {
+            ThePlatform().MessageLoop.Yield();
+            nextPicture = ThePlatform().Clock.Milliseconds() + MillisecondsBetweenPictures;
+        }
+    }
+}
+
+int LeavePicture(frmMain& window, const std::string& name) {
+    const QString wanted = name.empty() ? QString::fromStdString(ProgramFolder() + "/workspace.png")
+                                        : QString::fromStdString(name);
+    const QString spare = QDir::tempPath() + "/pulselark-workspace.png";
+    for (const QString& place : name.empty() ? QStringList{wanted, spare} : QStringList{wanted}) {
+        if (window.grab().save(place, "PNG")) {
+            std::printf("Picture of the workspace: %s\n", qPrintable(QFileInfo(place).absoluteFilePath()));
+            return ExitSuccess;
+        }
+    }
+    return Complain(wanted.toStdString() + ": the picture could not be written", ExitFailure);
+}
+
+int RunFullSpeed(frmMain& window, const WindowOptions& options) {
+    if (options.File.empty())
+        return Complain("--full-speed needs a session file", ExitUsage);
+    OpenSessionFile(options.File);
+    if (LastFileResult != FileSuccess)
+        return ComplainOfFile(options.File, LastFileResult, LastFileLine);
+    std::printf("Replaying %s, %d seconds\n", options.File.c_str(), static_cast<int>(SessionSeconds));
+    ReplayAtFullSpeed();
+    window.Mirror();
+    return LeavePicture(window, options.Picture);
+}
+
+void FitToScreen(frmMain& window) {
+    const QSize wanted(1600, 1000);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    // Without a display the picture has the size that a desk usually has.
+    if (screen == nullptr || QGuiApplication::platformName() == "offscreen") {
+        window.resize(wanted);
+        return;
+    }
+    const QSize room = screen->availableSize();
+    window.resize(wanted.boundedTo(room * 0.94));
+}
+
+} // namespace
+
+int RunWindow(int argc, char** argv, const WindowOptions& options) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("PulseLark");
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setFont(TextFont(13));
+    application.setStyleSheet(
+        "QToolTip { background: #2B2E33; color: #F1F1EE; border: none; padding: 4px 8px; }");
+
+    WindowPlatform platform;
+    SetProgramFolder(FindProgramFolder());
+    InitApplication();
+    frmMain window(platform);
+    FitToScreen(window);
+    window.show();
+    window.Mirror();
+    if (options.FullSpeed)
+        return RunFullSpeed(window, options);
+    if (!options.File.empty()) {
+        QTimer::singleShot(0, &window, [&] {
+            OpenNamedSessionFromMenu(options.File);
+            window.Mirror();
+        });
+    }
+    return QApplication::exec();
+}
+
+} // namespace pulselark

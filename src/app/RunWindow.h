@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace pulselark {
+
+struct WindowOptions {
+    std::string File;       ///< session to open; may be empty
+    bool FullSpeed = false; ///< replay it as fast as it goes, then end
+    std::string Picture;    ///< with FullSpeed: where the picture of the workspace goes
+};
+
+/// Runs the program with its window. Returns the exit code.
+int RunWindow(int argc, char** argv, const WindowOptions& options);
+
+} // namespace pulselark

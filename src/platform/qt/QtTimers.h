@@ -1,0 +1,32 @@
+#pragma once
+
+#include "base/Controls.h"
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace pulselark {
+
+/// Runs the session's timers on the user-interface thread. The timers are values; `Sync` takes over what has
+/// been set in them.
+class QtTimers {
+public:
+    /// `afterTick` is called after each handler.
+    explicit QtTimers(std::function<void()> afterTick);
+
+    /// Starts and stops what has changed since the last call.
+    void Sync();
+
+private:
+    struct Running {
+        Timer* Value;
+        std::unique_ptr<QTimer> Clockwork;
+    };
+    std::function<void()> afterTick_;
+    std::vector<Running> timers_;
+};
+
+} // namespace pulselark

@@ -1,0 +1,91 @@
+#include "workspace/ModuleFrame.h"
+
+#include "analysis/ColourSchemes.h"
+#include "platform/qt/QtColour.h"
+#include "workspace/Look.h"
+#include "workspace/PanelView.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace pulselark {
+
+namespace {
+
+constexpr double Radius = 8;
+
+QRect ToPixels(const TwipsRect& rect) {
+    const auto pixels = [](double twips) { return static_cast<int>(Round(twips / TwipsPerPixel)); };
+    return {pixels(rect.Left), pixels(rect.Top), pixels(rect.Width), pixels(rect.Height)};
+}
+
+void PaintWell(QPainter& painter, const QRect& panel) {
+    const QRectF well = QRectF(panel).adjusted(-4, -2, 4, 2);
+    QLinearGradient gradient(well.topLeft(), well.bottomLeft());
+    const Image& back = picModBGSrc(ColourSchemeIndex);
+    gradient.setColorAt(0, ToQColor(back.PixelAt(back.Width / 2, 0)));
+    gradient.setColorAt(0.5, ToQColor(back.PixelAt(back.Width / 2, back.Height / 2)));
+    gradient.setColorAt(1, ToQColor(back.PixelAt(back.Width / 2, back.Height - 1)));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(gradient);
+    painter.drawRoundedRect(well, 4, 4);
+}
+
+} // namespace
+
+ModuleFrame::ModuleFrame(int index, Icon icon, const QString& title, QWidget* parent)
+    : QWidget(parent), icon_(icon), title_(title) {
+    setObjectName(QString("picModule%1").arg(index));
+    setAccessibleName(title);
+}
+
+void ModuleFrame::SetPanels(PanelView* a, PanelView* b) {
+    panelA_ = a;
+    panelB_ = b;
+}
+
+void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
+    titleHeight_ = titleHeight;
+    const auto [first, second] = PanelPlaces(width() * TwipsPerPixel, height() * TwipsPerPixel,
+                                             titleHeight * TwipsPerPixel, channelBPresent);
+    if (panelA_ != nullptr)
+        panelA_->Place(ToPixels(first), true);
+    if (panelB_ != nullptr)
+        panelB_->Place(ToPixels(second), channelBPresent);
+    update();
+}
+
+QRect ModuleFrame::Body() const {
+    return rect().adjusted(8, titleHeight_ + 8, -8, -8);
+}
+
+void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
+    const SchemeLook& look = CurrentLook();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    QPainterPath outline;
+    outline.addRoundedRect(frame, Radius, Radius);
+    painter.fillPath(outline, ToQColor(CurrentScheme().ModuleBack));
+
+    painter.save();
+    painter.setClipRect(QRectF(0, 0, width(), titleHeight_));
+    painter.fillPath(outline, look.TitleBar);
+    painter.restore();
+    PaintIcon(painter, icon_, QRectF(10, (titleHeight_ - 16) / 2.0, 16, 16), look.TitleText);
+    painter.setPen(look.TitleText);
+    painter.setFont(TextFont(titleHeight_ < 28 ? 12 : 13, 500));
+    painter.drawText(QRectF(34, 0, width() - 42, titleHeight_), Qt::AlignVCenter | Qt::AlignLeft, title_);
+
+    for (const PanelView* panel : {panelA_, panelB_}) {
+        if (panel != nullptr && panel->isVisibleTo(this))
+            PaintWell(painter, panel->geometry());
+    }
+    if (panelA_ == nullptr)
+        PaintWell(painter, Body());
+    painter.setPen(look.Border);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(outline);
+}
+
+} // namespace pulselark

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "analysis/PanelDrawing.h"
+#include "workspace/Icons.h"
+
+#include <QWidget>
+
+namespace pulselark {
+
+class PanelView;
+
+/// A module panel `picModule`: border, title bar and the wells of its two panels.
+class ModuleFrame final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `index` 0 to 4 in the order of the modules on the screen.
+    ModuleFrame(int index, Icon icon, const QString& title, QWidget* parent);
+
+    /// The panels that the module holds; either may be missing.
+    void SetPanels(PanelView* a, PanelView* b);
+    /// Places of the two panels for the module's present size.
+    void LayOut(int titleHeight, bool channelBPresent);
+    /// Space below the title bar, for a module that shows something else than panels.
+    QRect Body() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Icon icon_;
+    QString title_;
+    int titleHeight_ = 28;
+    PanelView* panelA_ = nullptr;
+    PanelView* panelB_ = nullptr;
+};
+
+} // namespace pulselark

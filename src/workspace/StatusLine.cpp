@@ -1,0 +1,73 @@
+#include "workspace/StatusLine.h"
+
+#include "analysis/ColourSchemes.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+#include "workspace/Look.h"
+
+#include <QFileInfo>
+#include <QPainter>
+
+namespace pulselark {
+
+namespace {
+
+QString Text(int item) {
+    return QString::fromStdString(LanguageText(item));
+}
+
+// A file is named without its folder, which stands in the tool tip.
+QString WithoutFolder(QString text) {
+    const auto slash = text.indexOf('/');
+    if (slash < 0)
+        return text;
+    for (const std::string& name : {SessionName, LastOpenFolder, LastSaveFolder}) {
+        const QString file = QString::fromStdString(name);
+        if (!file.isEmpty())
+            text.replace(file, QFileInfo(file).fileName());
+    }
+    return text;
+}
+
+} // namespace
+
+StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
+    setObjectName("labStatus");
+}
+
+void StatusLine::Mirror() {
+    const QString full = QString::fromStdString(labStatus.Caption);
+    const QString message = WithoutFolder(full);
+    const QString facts =
+        QStringList{Text(TextChannelModeBase + ChannelMode), QString("128 ") + Text(TextSamplesPerSecond),
+                    Text(TextSchemeMidnight + ColourSchemeIndex)}
+            .join("\n");
+    if (message == message_ && facts == facts_)
+        return;
+    message_ = message;
+    facts_ = facts;
+    setToolTip(full == message ? QString() : full);
+    setAccessibleName(message_);
+    update();
+}
+
+void StatusLine::paintEvent(QPaintEvent* /*event*/) {
+    const SchemeLook& look = CurrentLook();
+    QPainter painter(this);
+    painter.fillRect(rect(), look.Bar);
+    painter.setFont(TextFont(12));
+    painter.setPen(look.BarText);
+    int right = width() - 16;
+    const QStringList facts = facts_.split("\n");
+    for (auto fact = facts.crbegin(); fact != facts.crend(); ++fact) {
+        const int wide = painter.fontMetrics().horizontalAdvance(*fact);
+        painter.drawText(QRect(right - wide, 0, wide + 1, height()), Qt::AlignVCenter, *fact);
+        right -= wide + 24;
+    }
+    const QRect room(16, 0, right - 16, height());
+    painter.drawText(room, Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(message_, Qt::ElideMiddle, room.width()));
+}
+
+} // namespace pulselark

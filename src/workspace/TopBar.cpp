@@ -1,0 +1,196 @@
+#include "workspace/TopBar.h"
+
+#include "analysis/ColourSchemes.h"
+#include "analysis/InputCD.h"
+#include "platform/qt/QtColour.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+#include "workspace/Look.h"
+#include "workspace/TransportButton.h"
+
+#include <QMenuBar>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace pulselark {
+
+namespace {
+
+constexpr int ProgressWidth = 224;
+constexpr int ChipWidth = 104;
+
+QString Text(int item) {
+    return QString::fromStdString(LanguageText(item));
+}
+
+// The clock of a session: minutes and seconds, with the hour once there is one.
+QString ClockText(Long seconds) {
+    const QString minutes =
+        QString("%1:%2").arg(seconds / 60 % 60, 2, 10, QChar('0')).arg(seconds % 60, 2, 10, QChar('0'));
+    return seconds < 3600 ? minutes : QString("%1:%2").arg(seconds / 3600).arg(minutes);
+}
+
+// A channel whose last second does not move at all carries no signal.
+bool HasSignal(const EcgBuffer& ecg, Long second) {
+    const float* first = &ecg[(second - 1) * SamplesPerSecond + 1];
+    const auto [least, most] = std::minmax_element(first, first + SamplesPerSecond);
+    return *most - *least > 0;
+}
+
+int RateOf(const SecondsBuffer& ibi, Long second) {
+    const double interval = ibi[second];
+    return interval > 0 ? static_cast<int>(Round(60 / interval)) : 0;
+}
+
+} // namespace
+
+TopBar::TopBar(QWidget* parent)
+    : QWidget(parent), menus_(new QMenuBar(this)),
+      record_(new TransportButton("picStartSmp", Icon::Record, this)),
+      replay_(new TransportButton("picReplay", Icon::Replay, this)),
+      stop_(new TransportButton("picStop", Icon::Stop, this)) {
+    setObjectName("picTopBarMain");
+    menus_->setNativeMenuBar(false);
+    record_->setAccessibleName(Text(TextRecordButton));
+    record_->setToolTip(Text(TextRecordButtonOffTip));
+    replay_->setAccessibleName(Text(TextReplayButton));
+    replay_->setToolTip(Text(TextReplayButtonTip));
+    stop_->setAccessibleName(Text(TextStopButton));
+    stop_->setToolTip(Text(TextStopButtonTip));
+}
+
+void TopBar::ApplyLook() {
+    const SchemeLook& look = CurrentLook();
+    menus_->setFont(TextFont(13));
+    menus_->setStyleSheet(
+        QString("QMenuBar { background: transparent; color: %1; border: none; }"
+                "QMenuBar::item { background: transparent; padding: 6px 12px; border-radius: 6px; }"
+                "QMenuBar::item:selected { background: %2; }"
+                "QMenuBar::item:pressed { background: %3; }")
+            .arg(look.BarText.name(), look.RaisedHover.name(), look.RaisedPressed.name()));
+    LayOut();
+    update();
+}
+
+void TopBar::resizeEvent(QResizeEvent* /*event*/) {
+    LayOut();
+}
+
+void TopBar::LayOut() {
+    const QWidget* window = parentWidget();
+    const Density& density = DensityFor(window->width(), window->height());
+    const int middle = height() / 2;
+    const QFontMetrics name(TextFont(15, 500));
+    int x = 16 + 28 + 12 + name.horizontalAdvance("PulseLark 5 QS") + 16;
+    const QSize menuSize = menus_->sizeHint();
+    menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
+    dividerLeft_ = x + menuSize.width() + 16;
+    x = dividerLeft_ + 13;
+    for (TransportButton* button : {record_, replay_, stop_}) {
+        button->SetDiameter(density.Transport);
+        button->move(x, middle - button->height() / 2);
+        x += button->width(); // the rims for the focus rings make the gap of 8
+    }
+    clockLeft_ = x + 12;
+}
+
+void TopBar::Mirror() {
+    const bool available = picReplay.Frame != FrameReplayBlocked;
+    record_->SetState(false, SessionRunning != Off);
+    replay_->SetState(available, timReplay.Enabled);
+    stop_->SetState(available, false);
+
+    const Long second = SessionSeconds > 0 ? std::min(EcgViewState.LastSecondA, SessionSeconds) : 0;
+    QList<Chip> chips;
+    if (second > 0) {
+        chips.append(
+            {"A", QString("%1 %2").arg(RateOf(IbiA, second)).arg(Text(TextBpm)), HasSignal(EcgA, second)});
+        if (ChannelBPresent != Off)
+            chips.append({"B", QString("%1 %2").arg(RateOf(IbiB, second)).arg(Text(TextBpm)),
+                          HasSignal(EcgB, second)});
+        for (Chip& chip : chips) {
+            if (!chip.Good)
+                chip.Value = Text(TextSignalLost);
+        }
+    }
+    const QString clock = ClockText(second);
+    const QString length =
+        SessionSeconds > 0 ? Text(TextClockOf) + " " + ClockText(SessionSeconds) : QString();
+    if (clock == clock_ && length == length_ && chips == chips_)
+        return;
+    clock_ = clock;
+    length_ = length;
+    chips_ = chips;
+    progress_ = SessionSeconds > 0 ? static_cast<double>(second) / SessionSeconds : 0;
+    setAccessibleDescription(Text(TextClockName) + " " + clock_ + " " + length_);
+    update();
+}
+
+void TopBar::PaintClock(QPainter& painter) const {
+    const SchemeLook& look = CurrentLook();
+    const bool roomForLine = width() >= 1024;
+    const double top = height() / 2.0 - (roomForLine ? 14 : 8);
+    painter.setPen(look.BarText);
+    painter.setFont(TextFont(16, 500));
+    painter.drawText(QRectF(clockLeft_, top, 90, 18), Qt::AlignLeft | Qt::AlignVCenter, clock_);
+    if (!roomForLine)
+        return;
+    painter.setFont(TextFont(12));
+    painter.setOpacity(0.8);
+    painter.drawText(QRectF(clockLeft_, top, ProgressWidth, 18), Qt::AlignRight | Qt::AlignVCenter, length_);
+    painter.setOpacity(1);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 56));
+    const QRectF line(clockLeft_, top + 23, ProgressWidth, 4);
+    painter.drawRoundedRect(line, 2, 2);
+    if (progress_ > 0) {
+        painter.setBrush(look.Running);
+        painter.drawRoundedRect(QRectF(line.left(), line.top(), std::max(4.0, line.width() * progress_), 4),
+                                2, 2);
+    }
+}
+
+void TopBar::PaintChips(QPainter& painter) const {
+    const SchemeLook& look = CurrentLook();
+    const double high = std::min(32, height() - 8);
+    double right = width() - 16;
+    for (auto chip = chips_.crbegin(); chip != chips_.crend(); ++chip) {
+        const QRectF plate(right - ChipWidth, height() / 2.0 - high / 2, ChipWidth, high);
+        right = plate.left() - 8;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(look.RaisedHover);
+        painter.drawRoundedRect(plate, high / 2, high / 2);
+        PaintIcon(painter, chip->Good ? Icon::LightGood : Icon::LightLost,
+                  QRectF(plate.left() + 28, plate.center().y() - 7, 14, 14), look.BarText);
+        painter.setPen(look.BarText);
+        painter.setFont(TextFont(12, 700));
+        painter.drawText(plate.adjusted(13, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Name);
+        painter.setFont(TextFont(12));
+        painter.drawText(plate.adjusted(50, 0, -8, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Value);
+    }
+}
+
+void TopBar::paintEvent(QPaintEvent* /*event*/) {
+    const SchemeLook& look = CurrentLook();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), look.Bar);
+    const double side = std::min(28, height() - 6);
+    const QRectF mark(16, (height() - side) / 2.0, side, side);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQColor(CurrentScheme().Button));
+    painter.drawRoundedRect(mark, 8 * side / 28, 8 * side / 28);
+    PaintIcon(painter, Icon::Mark, mark.adjusted(4, 4, -4, -4), Qt::white);
+    painter.setPen(look.BarText);
+    painter.setFont(TextFont(15, 500));
+    painter.drawText(QRectF(16 + 28 + 12, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     "PulseLark 5 QS");
+    painter.fillRect(QRectF(dividerLeft_, height() / 2.0 - 12, 1, 24), QColor(255, 255, 255, 61));
+    PaintClock(painter);
+    PaintChips(painter);
+}
+
+} // namespace pulselark

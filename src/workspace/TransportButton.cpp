@@ -1,0 +1,108 @@
+#include "workspace/TransportButton.h"
+
+#include "workspace/Look.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace pulselark {
+
+namespace {
+
+constexpr int Rim = 4; // room for the focus ring
+constexpr int LeftButtonCode = 1;
+constexpr int RightButtonCode = 2;
+
+} // namespace
+
+TransportButton::TransportButton(const char* name, Icon icon, QWidget* parent)
+    : QAbstractButton(parent), icon_(icon) {
+    setObjectName(name);
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void TransportButton::SetDiameter(int diameter) {
+    setFixedSize(diameter + 2 * Rim, diameter + 2 * Rim);
+}
+
+void TransportButton::SetState(bool available, bool running) {
+    if (available == available_ && running == running_)
+        return;
+    available_ = available;
+    running_ = running;
+    update();
+}
+
+void TransportButton::paintEvent(QPaintEvent* /*event*/) {
+    const SchemeLook& look = CurrentLook();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF disc = QRectF(rect()).adjusted(Rim, Rim, -Rim, -Rim);
+    const bool lit = available_ && running_;
+    QColor plate = look.RaisedHover;
+    if (lit)
+        plate = look.Running;
+    else if (available_ && (pressed_ || underMouse()))
+        plate = look.RaisedPressed;
+    painter.setBrush(plate);
+    painter.setPen(QPen(lit ? plate : QColor(255, 255, 255, available_ ? 61 : 23), 1));
+    painter.drawEllipse(disc.adjusted(0.5, 0.5, -0.5, -0.5));
+
+    QColor glyph = icon_ == Icon::Record ? QColor(0xFF, 0x6B, 0x6B) : look.BarText;
+    if (lit)
+        glyph = look.Bar;
+    painter.setOpacity(available_ ? 1.0 : 0.38);
+    const double side = disc.width() * 0.5;
+    PaintIcon(
+        painter, icon_,
+        QRectF(disc.center().x() - side / 2, disc.center().y() - side / 2 + (pressed_ ? 1 : 0), side, side),
+        glyph);
+    painter.setOpacity(1.0);
+    if (hasFocus() && keyboardFocus_) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(look.Focus == QColor(0x0A, 0x4F, 0x9E) ? look.BarText : look.Focus, 2));
+        painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
+    }
+}
+
+void TransportButton::mousePressEvent(QMouseEvent* event) {
+    pressed_ = available_ && (event->button() == Qt::LeftButton || event->button() == Qt::RightButton);
+    update();
+}
+
+void TransportButton::mouseReleaseEvent(QMouseEvent* event) {
+    const bool taken = pressed_ && rect().contains(event->position().toPoint());
+    pressed_ = false;
+    update();
+    if (taken)
+        emit ReleasedWith(event->button() == Qt::LeftButton ? LeftButtonCode : RightButtonCode);
+}
+
+void TransportButton::keyPressEvent(QKeyEvent* event) {
+    const bool activates =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (!activates || !available_) {
+        event->ignore(); // the window has a use for it
+        return;
+    }
+    emit ReleasedWith(RightButtonCode);
+}
+
+void TransportButton::enterEvent(QEnterEvent* /*event*/) {
+    update();
+}
+
+void TransportButton::leaveEvent(QEvent* /*event*/) {
+    update();
+}
+
+void TransportButton::focusInEvent(QFocusEvent* event) {
+    keyboardFocus_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                     event->reason() == Qt::ShortcutFocusReason;
+    QAbstractButton::focusInEvent(event);
+}
+
+} // namespace pulselark

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "workspace/Icons.h"
+
+#include <QAbstractButton>
+
+namespace pulselark {
+
+/// A round button of the top bar: record, replay or stop.
+class TransportButton final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    TransportButton(const char* name, Icon icon, QWidget* parent);
+
+    void SetDiameter(int diameter);
+    /// Available: can be pressed. Running: what the button starts is under way.
+    void SetState(bool available, bool running);
+
+signals:
+    /// Released with the left (1) or right (2) mouse button, or by the keyboard (2: normal speed).
+    void ReleasedWith(int mouseButton);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    Icon icon_;
+    bool available_ = false;
+    bool running_ = false;
+    bool pressed_ = false;
+    bool keyboardFocus_ = false;
+};
+
+} // namespace pulselark

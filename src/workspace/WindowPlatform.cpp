@@ -1,0 +1,90 @@
+#include "workspace/WindowPlatform.h"
+
+#include "session/LanguageTable.h"
+#include "workspace/frmMessage.h"
+#include "workspace/frmProgressBar.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+
+namespace pulselark {
+
+namespace {
+
+QString Text(int item) {
+    return QString::fromStdString(LanguageText(item));
+}
+
+// "Name of the type (*.ext)|*.ext" is the form of the core; the toolkit's filter is its first half.
+QString FilterOf(const std::string& filter) {
+    return QString::fromStdString(filter).section('|', 0, 0);
+}
+
+QString ExtensionOf(const std::string& filter) {
+    return QString::fromStdString(filter).section("*.", -1);
+}
+
+} // namespace
+
+WindowPlatform::WindowPlatform() : platform_{clock_, files_, *this, *this, *this, *this} {
+    InstallPlatform(platform_);
+}
+
+void WindowPlatform::SetOwner(QWidget* owner) {
+    owner_ = owner;
+    progress_ = owner != nullptr ? new frmProgressBar(owner) : nullptr;
+}
+
+void WindowPlatform::CatchUp() const {
+    if (BeforeWaiting)
+        BeforeWaiting();
+}
+
+std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& start,
+                                                            const std::string& filter) {
+    CatchUp();
+    const QString name = QFileDialog::getOpenFileName(owner_, Text(TextDialogOpenSession),
+                                                      QString::fromStdString(start), FilterOf(filter));
+    if (name.isEmpty())
+        return std::nullopt;
+    return name.toStdString();
+}
+
+std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& start,
+                                                            const std::string& filter) {
+    CatchUp();
+    QFileDialog dialog(owner_, Text(TextDialogSaveSession), QString::fromStdString(start), FilterOf(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // With the suffix set here, the question about replacing a file is asked for the name as it will be.
+    dialog.setDefaultSuffix(ExtensionOf(filter));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().constFirst().toStdString();
+}
+
+int WindowPlatform::Show(const std::string& text, int buttons) {
+    CatchUp();
+    return ShowMessageWindow(owner_, QString::fromStdString(text), buttons);
+}
+
+void WindowPlatform::Yield() {
+    CatchUp();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void WindowPlatform::Show(const std::string& caption) {
+    if (progress_)
+        progress_->SetCaption(QString::fromStdString(caption));
+}
+
+void WindowPlatform::Draw(double percent) {
+    if (progress_)
+        progress_->Draw(percent);
+}
+
+void WindowPlatform::Hide() {
+    if (progress_)
+        progress_->hide();
+}
+
+} // namespace pulselark

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/Surface.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pulselark {
+
+/// A surface that keeps the list of what was drawn on it. Texts are 6 units a character wide and 12 high,
+/// whatever the font.
+class RecordingSurface final : public Surface {
+public:
+    struct Text {
+        double X, Y;
+        std::string Value, Font;
+        bool operator==(const Text&) const = default;
+    };
+    struct Segment {
+        double X1, Y1, X2, Y2;
+        Colour Ink;
+        bool operator==(const Segment&) const = default;
+    };
+    struct Trace {
+        std::vector<PanelPoint> Points;
+        Colour Ink;
+        int DrawWidth;
+    };
+
+    RecordingSurface(double width, double height) : width_(width), height_(height) {}
+
+    std::vector<Text> Texts;
+    std::vector<Segment> Segments;
+    std::vector<Trace> Traces;
+    std::string Calls;            ///< each call that is no drawing, by its first letter: C(lear) R(efresh) ...
+    std::function<void()> OnWipe; ///< runs when a new picture begins
+
+    void Forget() {
+        Texts.clear();
+        Segments.clear();
+        Traces.clear();
+        Calls.clear();
+    }
+    bool Untouched() const { return Texts.empty() && Segments.empty() && Traces.empty() && Calls.empty(); }
+
+    double Width() const override { return width_; }
+    double Height() const override { return height_; }
+    bool Persistent() const override { return persistent_; }
+    void SetPersistent(bool persistent) override {
+        persistent_ = persistent;
+        Calls += persistent ? 'P' : 'p';
+    }
+    void Clear() override { Wipe('C'); }
+    void Refresh() override { Wipe('R'); }
+    void StorePicture(const Surface& /*source*/) override { Calls += 'S'; }
+    double TextWidth(std::string_view text) const override { return 6.0 * static_cast<double>(text.size()); }
+    double TextHeight(std::string_view /*text*/) const override { return 12; }
+    void SetFont(std::string_view name, int /*size*/, bool /*bold*/) override { font_ = name; }
+    void SetDrawWidth(int width) override { drawWidth_ = width; }
+    void SetForeColour(Colour colour) override { foreColour_ = colour; }
+    Colour ForeColour() const override { return foreColour_; }
+    void SetFillColour(Colour /*colour*/) override {}
+    void SetFillStyleSolid() override {}
+    void Line(double x1, double y1, double x2, double y2, Colour colour) override {
+        Segments.push_back({x1, y1, x2, y2, colour});
+    }
+    void Curve(std::span<const PanelPoint> points, Colour colour) override {
+        Traces.push_back({{points.begin(), points.end()}, colour, drawWidth_});
+    }
+    void FilledBox(double, double, double, double) override { Calls += 'B'; }
+    void Print(double x, double y, std::string_view text) override {
+        Texts.push_back({x, y, std::string(text), font_});
+    }
+    void FloodFill(int, int, Colour) override { Calls += 'F'; }
+    void StretchImage(const Image&, double, double, double, double) override { Calls += 'I'; }
+
+private:
+    void Wipe(char call) {
+        Calls += call;
+        if (OnWipe)
+            OnWipe();
+    }
+
+    double width_, height_;
+    bool persistent_ = false;
+    int drawWidth_ = 1;
+    Colour foreColour_ = 0;
+    std::string font_;
+};
+
+} // namespace pulselark

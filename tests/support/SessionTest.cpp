@@ -1,0 +1,45 @@
+#include "support/SessionTest.h"
+
+#include "analysis/ColourSchemes.h"
+#include "analysis/GCoherence.h"
+#include "analysis/InputCD.h"
+#include "analysis/Spectrum.h"
+#include "persistence/OpenSession.h"
+#include "platform/ProgramFolder.h"
+#include "session/AnalysisBuffers.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/PanelSurfaces.h"
+#include "session/Replay.h"
+
+namespace pulselark {
+
+void PutEverythingBack() {
+    SetStartValues();
+    ResetMainControls();
+    for (Timer* timer : SessionTimers())
+        timer->Handler = nullptr;
+    timReplay.Handler = &ReplayTick;
+    ResetPanelSurfaces();
+    SpectrumTrack = {};
+    RecalcForced = Off;
+    MovingAverageWidth = 0;
+    EcgViewState = {};
+    EcgForceRedraw = Off;
+    EcgSecondWidth = 1024;
+    EcgPixelUnit = 0;
+    ColourSchemeIndex = 0;
+    SolidGraphs = Off;
+    LastFileLine = 0;
+    SetProgramFolder("");
+    LanguageIndex = 0;
+    LanguageTable.Clear();
+    for (int item = 0; item < LanguageItems; ++item)
+        LanguageTable(0, item) = "<" + std::to_string(item) + ">";
+}
+
+SessionTest::SessionTest() {
+    PutEverythingBack();
+}
+
+} // namespace pulselark
