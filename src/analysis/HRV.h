@@ -7,9 +7,6 @@
 /// and NASPE, Circulation 93(5):1043-1065, 1996).
 namespace pulselark {
 
-/// Seconds of data that the spectrum needs before it is shown.
-inline constexpr Long HrvMinimumSeconds = 256;
-
 /// Nearest bin of a frequency in Hz for a transform of `length` values at one a second.
 int BinOfFrequency(double frequency, int length);
 

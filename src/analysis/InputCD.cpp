@@ -33,10 +33,6 @@ struct EcgChannel {
 const EcgChannel channelA{EcgA, picIA, picIAP, EcgViewState.LastSecondA, TextEcgA};
 const EcgChannel channelB{EcgB, picIB, picIBP, EcgViewState.LastSecondB, TextEcgB};
 
-void SetPanelFont(Surface& target) {
-    target.SetFont("MS Sans Serif", 8, false);
-}
-
 void DrawLevels(Surface& target, double middle, double unit) {
     const Colour grid = CurrentScheme().Grid;
     const double left = target.TextWidth("+500mV*");
@@ -49,7 +45,9 @@ void DrawLevels(Surface& target, double middle, double unit) {
     for (const Level& level : {Level{0, "0mV"}, Level{500, "+500mV"}, Level{-500, "-500mV"}}) {
         const double y = middle + level.Value * unit;
         target.Line(left, y, target.Width(), y, grid);
-        target.Print(rightEdge - target.TextWidth(level.Text), y + halfHeight, level.Text);
+        // In a flat panel the outer labels would lie on the middle one.
+        if (level.Value == 0 || 500 * unit >= 2 * halfHeight)
+            target.Print(rightEdge - target.TextWidth(level.Text), y + halfHeight, level.Text);
     }
 }
 

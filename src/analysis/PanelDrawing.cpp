@@ -1,10 +1,12 @@
 #include "analysis/PanelDrawing.h"
 
 #include "analysis/ColourSchemes.h"
+#include "session/MainBuffers.h"
 #include "session/PanelSurfaces.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <vector>
 
@@ -26,7 +28,7 @@ std::vector<Surface*> SurfacesOf(Module module) {
     case Module::History:
         return {picHisA, picHisB};
     case Module::Hrv:
-        return {picHRVA, picHRVB};
+        return {picHRVA, picHRVB, picHRVPowerA, picHRVPowerB};
     }
     return {};
 }
@@ -49,6 +51,12 @@ std::string FormatMinSec(Long seconds) {
     return text;
 }
 
+std::string FormatTenths(double value, bool bare) {
+    const std::int64_t tenths = Round(value * 10);
+    const std::string whole = std::to_string(tenths / 10);
+    return (bare && whole == "0" ? "" : whole) + "." + std::to_string(tenths % 10);
+}
+
 LayerColours ColoursOfLayer(int layer, int depth) {
     const Image& ramp = picWGradient(ColourSchemeIndex);
     const double place = depth > 0 ? layer / (depth + 0.1) * (ramp.Width - 1) : ramp.Width - 1;
@@ -62,23 +70,110 @@ Colour PanelBackColour() {
     return back.PixelAt(back.Width / 2, back.Height / 2);
 }
 
+void TileImage(Surface& surface, const Image& image, TileMode mode) {
+    const double width = surface.Width();
+    const double height = surface.Height();
+    if (width <= 0 || height <= 0 || image.Pixels.empty())
+        return;
+    if (mode == TileMode::Stretch) {
+        surface.StretchImage(image, 0, 0, width, height);
+        return;
+    }
+    for (double top = height; top > 0; top -= image.Height) {
+        for (double left = 0; left < width; left += image.Width)
+            surface.StretchImage(image, left, top - image.Height, image.Width, image.Height);
+    }
+}
+
 void PaintModuleBackground(Module module) {
     for (Surface* panel : SurfacesOf(module)) {
         panel->SetPersistent(true);
-        panel->StretchImage(picModBGSrc(ColourSchemeIndex), 0, 0, panel->Width(), panel->Height());
+        TileImage(*panel, picModBGSrc(ColourSchemeIndex), TileMode::Stretch);
         panel->StorePicture(*panel);
         panel->SetForeColour(CurrentScheme().Text);
     }
 }
 
-std::pair<TwipsRect, TwipsRect> PanelPlaces(double moduleWidth, double moduleHeight, double titleHeight,
-                                            bool channelBPresent) {
-    const double room = moduleHeight - titleHeight;
-    const double left = 120;
-    const double width = std::max(0.0, moduleWidth - 240);
-    const double top = titleHeight + 120;
-    const double height = std::max(0.0, channelBPresent ? room / 2 - 180 : room - 240);
-    return {{left, top, width, height}, {left, top + height + 120, width, channelBPresent ? height : 0}};
+void SetPanelFont(Surface& panel) {
+    panel.SetFont("MS Sans Serif", 8, false);
+}
+
+void PlaceCaption(CaptionLabel& caption, Surface& panel, const std::string& text, double left,
+                  Colour colour) {
+    constexpr double Padding = 4;
+    panel.SetFont("Arial", 8, false);
+    caption.Caption = text;
+    caption.ForeColour = colour;
+    caption.Left = left;
+    caption.Width = panel.TextWidth(text) + 2 * Padding;
+    caption.Visible = !text.empty() && panel.Width() > 0;
+    SetPanelFont(panel);
+}
+
+double GridLineStart(const Surface& panel, double y, double left, const CaptionLabel& caption) {
+    const bool throughCaption = y > panel.Height() - caption.Height;
+    return throughCaption ? caption.Left + caption.Width + panel.TextWidth("*") : left;
+}
+
+VerticalAxis::VerticalAxis(const Surface& panel, double unitsInHeight)
+    : UnitsInHeight(std::max(unitsInHeight, 1.0)),
+      Step(ChooseGridStep(panel.TextHeight("100"), panel.Height(), UnitsInHeight, GridSteps::Wide)),
+      TextHeight(panel.TextHeight("0")), PanelHeight(panel.Height()) {}
+
+int VerticalAxis::LineWidth(double value) const {
+    return std::fmod(value, 10) == 0 && Step < 10 ? 2 : 1;
+}
+
+void FillUnderCurve(Surface& panel, std::span<const PanelPoint> curve, double baselineLeft, double fillX,
+                    Colour border, Colour fill, double gridLeft) {
+    if (curve.size() < 2)
+        return;
+    const double baseline = panel.TextHeight("0");
+    const PanelPoint& first = curve.front();
+    const PanelPoint& last = curve.back();
+    const auto closeEnds = [&](Colour colour) {
+        panel.Line(first.X, first.Y, first.X, baseline, colour);
+        panel.Line(last.X, last.Y, last.X, baseline, colour);
+    };
+    closeEnds(border);
+    panel.Line(baselineLeft, baseline, last.X, baseline, border);
+    panel.SetFillStyleSolid();
+    panel.SetFillColour(fill);
+    panel.FloodFill(static_cast<int>(Round(fillX)), static_cast<int>(Round(panel.Height() - baseline - 1)),
+                    border);
+    panel.Line(gridLeft, baseline, panel.Width(), baseline, CurrentScheme().Grid);
+    closeEnds(fill);
+}
+
+void MakePassing(Surface& a, Surface& b) {
+    for (Surface* panel : {&a, &b}) {
+        if (!panel->Persistent())
+            continue;
+        panel->Clear();
+        panel->SetPersistent(false);
+    }
+}
+
+bool ScaleDragAllowed() {
+    const bool locked = SessionRunning != Off && LockScreens != Off;
+    return !SessionBusy() && SeekBusy == Off && !locked;
+}
+
+void RefreshAnalysisSecond() {
+    if (SessionRunning != Off)
+        AnalysisSecond = std::max(RecordedSeconds, SessionTick);
+}
+
+double GainOfScale(double s) {
+    return std::pow(100, s / 100);
+}
+
+double ScaleOfGain(double gain) {
+    return 100 * std::log(gain) / std::log(100);
+}
+
+double KnobPlace(Integer position) {
+    return std::clamp(position / 1000.0, 0.0, 1.0);
 }
 
 } // namespace pulselark

@@ -34,7 +34,7 @@ void FillTransformInput(const EcgBuffer& ecg) {
     const Long newest = AnalysisSecond * SamplesPerSecond;
     const Long count = std::clamp<Long>(newest - 1, 0, SpectrumFftLength);
     if (count > 0)
-        std::copy_n(&ecg.at(newest - count + 1), count, &FftRealIn1024[SpectrumFftLength - count + 1]);
+        std::copy_n(&ecg.at(newest) - (count - 1), count, &FftRealIn1024[SpectrumFftLength - count + 1]);
 }
 
 void StoreMagnitudes(Series<float, SpectrumBins>& raw) {
@@ -48,19 +48,14 @@ void StoreMagnitudes(Series<float, SpectrumBins>& raw) {
     }
 }
 
-// Mean over the newest `count` slots, summed from the newest backwards. Returns the sum of the norm's bins.
+// Mean of the newest slot and, with a `count` of 2, the one before it. Returns the sum of the norm's bins.
 double StoreMean(const SpectrumRing& raw, Series<float, SpectrumBins>& avg, int slot, int count) {
+    static_assert(SpectrumAverageLimit == 2);
+    const float* newest = raw[slot].data();
+    const float* before = count > 1 ? raw[slot > 1 ? slot - 1 : RingSlots].data() : newest;
     alignas(64) std::array<double, SpectrumBins> mean;
-    std::copy(raw[slot].begin(), raw[slot].end(), mean.begin());
-    for (int age = 1; age < count; ++age) {
-        slot = slot > 1 ? slot - 1 : RingSlots;
-        const float* older = raw[slot].data();
-        for (std::size_t i = 0; i < mean.size(); ++i)
-            mean[i] += older[i];
-    }
-    const double divisor = count;
     for (std::size_t i = 0; i < mean.size(); ++i) {
-        mean[i] /= divisor;
+        mean[i] = (static_cast<double>(newest[i]) + before[i]) * 0.5;
         avg.data()[i] = static_cast<float>(mean[i]);
     }
     double sum = 0;

@@ -71,7 +71,8 @@ struct ChannelNumbers {
 void AppendChannel(std::string& out, const ChannelNumbers& channel, Long second) {
     AppendValue(out, channel.Coherence.at(second + 1), 9);
     AppendValue(out, channel.CoherenceAvg.at(second + 1), 9);
-    out += "," + std::to_string(channel.PeakIndex);
+    out.push_back(',');
+    out += std::to_string(channel.PeakIndex);
     AppendValue(out, channel.SpectrumNorm, 17);
     AppendValue(out, channel.HrvLf, 17);
     AppendValue(out, channel.HrvHf, 17);

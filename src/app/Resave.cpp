@@ -14,14 +14,15 @@ int RunResave(Arguments arguments) {
     const std::string& out = arguments[1];
     const ConsolePlatform platform;
     SetStartValues();
-    // A file whose mode is neither 1 nor 2 keeps the third mode and loses nothing of its channel B.
+    // Whatever the mode, the lines of channel B are written as they were read. A mode other than 1 and 2 is
+    // the third.
     ChannelMode = 3;
+    ChannelBPresent = On;
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(in, bytes); failure != 0)
         return ComplainOfFile(in, failure, 0);
     if (const FileOutcome outcome = ReadSessionText(bytes); outcome.Number != 0)
         return ComplainOfFile(in, outcome.Number, outcome.Line);
-    ChannelBPresent = ToBoolean(ChannelMode != 2);
     if (const Integer failure = WriteSessionFile(out); failure != 0)
         return ComplainOfFile(out, failure, 0);
     return ExitSuccess;

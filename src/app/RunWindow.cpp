@@ -1,23 +1,18 @@
 #include "app/RunWindow.h"
 
 #include "app/Commands.h"
+#include "app/WindowStart.h"
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
-#include "platform/system/FindProgramFolder.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Replay.h"
-#include "session/StartUp.h"
-#include "workspace/Look.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmMain.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTimer>
 
 #include <cstdio>
@@ -39,17 +34,13 @@ void ReplayAtFullSpeed() {
     }
 }
 
+// Beside the program's own files if no place was named.
 int LeavePicture(frmMain& window, const std::string& name) {
-    const QString wanted = name.empty() ? QString::fromStdString(ProgramFolder() + "/workspace.png")
-                                        : QString::fromStdString(name);
-    const QString spare = QDir::tempPath() + "/pulselark-workspace.png";
-    for (const QString& place : name.empty() ? QStringList{wanted, spare} : QStringList{wanted}) {
-        if (window.grab().save(place, "PNG")) {
-            std::printf("Picture of the workspace: %s\n", qPrintable(QFileInfo(place).absoluteFilePath()));
-            return ExitSuccess;
-        }
-    }
-    return Complain(wanted.toStdString() + ": the picture could not be written", ExitFailure);
+    const std::string place = name.empty() ? ProgramFolder() + "/workspace.png" : name;
+    const int result = SavePicture(window, place);
+    if (result == ExitSuccess)
+        std::printf("Picture of the workspace: %s\n", place.c_str());
+    return result;
 }
 
 int RunFullSpeed(frmMain& window, const WindowOptions& options) {
@@ -79,16 +70,12 @@ void FitToScreen(frmMain& window) {
 } // namespace
 
 int RunWindow(int argc, char** argv, const WindowOptions& options) {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("PulseLark");
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setFont(TextFont(13));
-    application.setStyleSheet(
-        "QToolTip { background: #2B2E33; color: #F1F1EE; border: none; padding: 4px 8px; }");
-
+    const QApplication application(argc, argv);
+    StartToolkit();
     WindowPlatform platform;
-    SetProgramFolder(FindProgramFolder());
-    InitApplication();
+    if (options.FullSpeed)
+        platform.SetUnattended();
+    StartCore();
     frmMain window(platform);
     FitToScreen(window);
     window.show();

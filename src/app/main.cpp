@@ -1,6 +1,9 @@
 #include "app/Commands.h"
+#include "app/Picture.h"
 #include "app/RunWindow.h"
+#include "platform/system/DisplayAnswers.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -23,17 +26,7 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
         else
             return std::nullopt;
     }
-    if (!options.Picture.empty() && !options.FullSpeed)
-        return std::nullopt;
     return options;
-}
-
-bool HasDisplay() {
-    const auto set = [](const char* name) {
-        const char* value = std::getenv(name);
-        return value != nullptr && *value != '\0';
-    };
-    return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
 }
 
 } // namespace
@@ -41,7 +34,8 @@ bool HasDisplay() {
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string first = arguments.empty() ? "" : arguments.front();
-    if (first == "--help" || first == "-h") {
+    const bool help = std::find(arguments.begin(), arguments.end(), "--help") != arguments.end();
+    if (help || first == "-h") {
         std::fputs(HelpText().c_str(), stdout);
         return ExitSuccess;
     }
@@ -54,10 +48,13 @@ int main(int argc, char** argv) {
     if (first == "resave")
         return RunResave(Arguments(arguments).subspan(1));
 
+    if (first == "picture")
+        return RunPicture(argc, argv, Arguments(arguments).subspan(1));
+
     auto options = ParseWindowOptions(arguments);
     if (!options)
         return Complain("this is not understood; see pulselark --help", ExitUsage);
-    if (!HasDisplay()) {
+    if (!DisplayAnswers()) {
         if (options->File.empty() && !options->FullSpeed)
             return Complain(
                 "there is no display; give a session file to replay it into a picture, or see --help",
@@ -65,5 +62,7 @@ int main(int argc, char** argv) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         options->FullSpeed = true;
     }
+    if (!options->Picture.empty() && !options->FullSpeed)
+        return Complain("--picture goes with --full-speed; see pulselark --help", ExitUsage);
     return RunWindow(argc, argv, *options);
 }

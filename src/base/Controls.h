@@ -15,6 +15,14 @@ struct Label {
     Colour ForeColour = 0;
 };
 
+/// A caption that lies over the top of a panel. Grid lines keep clear of it: they start right of it, or end
+/// left of it. Place and size in panel units, from the panel's left edge.
+struct CaptionLabel : Label {
+    double Left = 0;
+    double Width = 0;
+    double Height = 16;
+};
+
 /// A picture box that shows one frame of a strip of button pictures.
 struct PictureButton {
     Integer Frame = 0;

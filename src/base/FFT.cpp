@@ -14,17 +14,17 @@ struct PlanForLength {
     Long Length;
     fftwf_plan Plan;
 };
-std::array<PlanForLength, 3> plans{{{1024, nullptr}, {512, nullptr}, {256, nullptr}}};
+constexpr Long LongestTransform = 1024;
+std::array<PlanForLength, 3> plans{{{LongestTransform, nullptr}, {512, nullptr}, {256, nullptr}}};
 
-fftwf_plan PlanFor(Long length, float* in, float* realOut, float* imagOut) {
+fftwf_plan PlanFor(Long length, float* in, fftwf_complex* pairs) {
     for (PlanForLength& entry : plans) {
         if (entry.Length != length)
             continue;
         if (entry.Plan == nullptr) {
-            const fftwf_iodim dimension{static_cast<int>(length), 1, 1};
             // FFTW_ESTIMATE does not touch the arrays while planning.
-            entry.Plan = fftwf_plan_guru_split_dft_r2c(1, &dimension, 0, nullptr, in, realOut, imagOut,
-                                                       FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
+            entry.Plan = fftwf_plan_dft_r2c_1d(static_cast<int>(length), in, pairs,
+                                               FFTW_ESTIMATE | FFTW_PRESERVE_INPUT);
         }
         return entry.Plan;
     }
@@ -35,10 +35,16 @@ fftwf_plan PlanFor(Long length, float* in, float* realOut, float* imagOut) {
 
 void fft_float(Long NumSamples, Integer InverseTransform, float* RealIn, const float* /*ImagIn*/,
                float* RealOut, float* ImagOut) {
-    fftwf_plan plan = InverseTransform == 0 ? PlanFor(NumSamples, RealIn, RealOut, ImagOut) : nullptr;
+    // FFTW is at its fastest with pairs; its own plan for two separate arrays takes twice the time.
+    alignas(64) fftwf_complex pairs[LongestTransform / 2 + 1];
+    fftwf_plan plan = InverseTransform == 0 ? PlanFor(NumSamples, RealIn, pairs) : nullptr;
     if (plan == nullptr)
         throw Failure{FailureIndexOutOfRange};
-    fftwf_execute_split_dft_r2c(plan, RealIn, RealOut, ImagOut);
+    fftwf_execute_dft_r2c(plan, RealIn, pairs);
+    for (Long k = 0; k <= NumSamples / 2; ++k) {
+        RealOut[k] = pairs[k][0];
+        ImagOut[k] = pairs[k][1];
+    }
 }
 
 } // namespace pulselark

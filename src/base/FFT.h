@@ -9,7 +9,7 @@ namespace pulselark {
 /// In: `NumSamples` = 256, 512 or 1024; `InverseTransform` 0; `RealIn`, NumSamples values, left as they are;
 /// `ImagIn`, all zero (the analyses transform real series only, so it is not read).
 /// Out: `RealOut`, `ImagOut`, the values 0 to NumSamples / 2; the upper half is the mirror image of the lower
-/// one and is not written. All four arrays are aligned to 16 bytes, as `Series` is.
+/// one and is not written. `RealIn` is aligned to 16 bytes, as `Series` is.
 /// Failures: any other length, or an inverse transform, is failure 9.
 /// Source: FFTW 3, real to complex, planned once per length with FFTW_ESTIMATE, so that every start gives the
 /// same digits. Relative RMS error against a 64-bit transform: about 1e-7. Not for use from two threads at

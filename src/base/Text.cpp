@@ -1,5 +1,6 @@
 #include "base/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -24,22 +25,30 @@ std::string_view NumberBody(std::string_view text) {
     return text;
 }
 
+// Decimal place of the first digit that is not zero, before the exponent: 0 for "1", 2 for "100", -3 for
+// "0.001".
+std::ptrdiff_t PlaceOfFirstDigit(std::string_view mantissa) {
+    const std::size_t digit = mantissa.find_first_of("123456789");
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const auto distance = static_cast<std::ptrdiff_t>(point) - static_cast<std::ptrdiff_t>(digit);
+    return distance > 0 ? distance - 1 : distance;
+}
+
 // A number beyond the type's range: too small is zero, too large does not fit.
 template <class Real>
 Real OutOfRange(std::string_view body) {
-    long double wide = 0;
-    const auto result = std::from_chars(body.data(), body.data() + body.size(), wide);
-    if (result.ec == std::errc::result_out_of_range) {
-        const std::size_t exponent = body.find_first_of("eE");
-        const bool tiny =
-            exponent != std::string_view::npos && body.find('-', exponent) != std::string_view::npos;
-        if (!tiny)
-            throw Failure{FailureOverflow};
-        return 0;
+    const std::size_t e = std::min(body.find_first_of("eE"), body.size());
+    long exponent = 0;
+    if (e < body.size()) {
+        const std::string_view text = body.substr(body.find_first_not_of("eE+", e));
+        const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+        if (result.ec == std::errc::result_out_of_range)
+            exponent =
+                text.starts_with('-') ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
     }
-    if (std::fabs(wide) > 1)
+    if (PlaceOfFirstDigit(body.substr(0, e)) + exponent > 0)
         throw Failure{FailureOverflow};
-    return static_cast<Real>(wide);
+    return 0;
 }
 
 template <class Real>

@@ -5,7 +5,6 @@ namespace pulselark {
 void TickTraining() {}
 void ApplyModeState() {}
 void StopMusicAndScenery() {}
-void PlayMusic(bool /*keepPlayer*/) {}
 void RestoreScenery() {}
 
 } // namespace pulselark

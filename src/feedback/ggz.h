@@ -10,8 +10,6 @@ void TickTraining();
 void ApplyModeState();
 /// Ends the music and the scenery of a training session.
 void StopMusicAndScenery();
-/// The music plays; it is started anew first unless `keepPlayer` is set.
-void PlayMusic(bool keepPlayer);
 /// The scenery shows again what a file dialog has hidden.
 void RestoreScenery();
 

@@ -1,6 +1,7 @@
 #include "persistence/OpenSession.h"
 
-#include "analysis/GCoherence.h"
+#include "analysis/InputCD.h"
+#include "base/FlagWhile.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ggz.h"
 #include "persistence/DropSession.h"
@@ -15,6 +16,9 @@
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 #include "session/Rescan.h"
+#include "session/SessionButtons.h"
+
+#include <optional>
 
 namespace pulselark {
 
@@ -23,7 +27,7 @@ int LastFileLine = 0;
 namespace {
 
 bool MayOpen() {
-    if (SessionBusy())
+    if (SessionBusy() || SeekBusy != Off || DialogOpen != Off)
         return false;
     if (SessionRunning != Off) {
         ThePlatform().Messages.Show(LanguageText(TextRecordingRuns), ButtonOK);
@@ -32,10 +36,10 @@ bool MayOpen() {
     return MayDropSession(TextSaveBeforeOpen);
 }
 
-void TellFailure(const FileOutcome& outcome, const std::string& name) {
+void TellFailure(const FileOutcome& outcome, const std::string& name, const std::string& safe) {
     LastFileResult = outcome.Number;
     LastFileLine = outcome.Line;
-    ShowFileFailure(LanguageText(TextOpenFailed), outcome, name, LanguageText(TextOpenFailedSafe));
+    ShowFileFailure(LanguageText(TextOpenFailed), outcome, name, safe);
 }
 
 // Empties the buffers and the screen and reads the text into them.
@@ -44,12 +48,15 @@ FileOutcome ReadIntoBuffers(const std::string& name, const std::string& bytes) {
     SessionSeconds = RecordedSeconds = 0;
     SessionTick = 1;
     SessionUnsaved = Off;
-    SessionName = "noname";
+    SessionName = "noname"; // until the file has been read, the buffers are nobody's
+    // What the file before left in the averages of channel B would show ahead of the cursor.
+    for (SecondsBuffer* averages : {&IbiAvgA, &IbiAvgB, &CoherenceAvgA, &CoherenceAvgB})
+        averages->Fill(0);
     RedrawAllPanels();
-    LoadingSession = On;
+    EcgViewState = {};
+    const FlagWhile loading(LoadingSession);
     ShowStatus(LanguageText(TextLoading) + name);
     const FileOutcome outcome = ReadSessionText(bytes);
-    LoadingSession = Off;
     RecordedSeconds = SessionSeconds;
     QuickScanFresh = On;
     return outcome;
@@ -84,6 +91,43 @@ void ShowNewSession() {
     OpenAllPanels(true);
 }
 
+std::optional<std::string> AskForFile() {
+    const FlagWhile open(DialogOpen);
+    return ThePlatform().FileDialogs.ChooseFileToOpen(LastOpenFolder, SessionFileFilter);
+}
+
+// The dialog is over: reads the file, and starts to play it.
+void ReadSessionFile(const std::string& name) {
+    LastOpenFolder = name;
+    RefreshSessionButtons(false);
+    ThePlatform().MessageLoop.Yield();
+
+    std::string bytes;
+    if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0) {
+        TellFailure({failure, 0}, name, LanguageText(TextOpenFailedSafe));
+        return;
+    }
+    if (const FileOutcome outcome = ReadIntoBuffers(name, bytes); outcome.Number != 0) {
+        ApplyChannelMode();
+        RefreshSessionButtons(false);
+        TellFailure(outcome, name, LanguageText(TextOpenFailedHalfway));
+        return;
+    }
+    PrepareTraining();
+    SessionUnsaved = Off;
+    SessionName = LastSessionFile = name;
+    SessionTick = 1;
+    SpectrumSlotA = SpectrumSlotB = 1;
+    RescanSession(true);
+    // A session that has just been opened plays at normal speed, whatever the one before did.
+    TimeLapseReplay = Off;
+    timReplay.Interval = ReplayInterval;
+    StartReplay(false);
+    ShowNewSession();
+    LastFileResult = FileSuccess;
+    LastFileLine = 0;
+}
+
 } // namespace
 
 void OpenSessionFromMenu() {
@@ -99,45 +143,17 @@ void OpenNamedSessionFromMenu(const std::string& name) {
 void OpenSession() {
     if (SessionRunning == Off)
         EndReplay();
-    DialogOpen = On;
-    const auto chosen = ThePlatform().FileDialogs.ChooseFileToOpen(LastOpenFolder, SessionFileFilter);
-    DialogOpen = Off;
-    if (!chosen) {
+    const auto chosen = AskForFile();
+    if (chosen)
+        ReadSessionFile(*chosen);
+    else
         LastFileResult = FailureCancelled;
-        return;
-    }
-    OpenSessionFile(*chosen);
 }
 
 void OpenSessionFile(const std::string& name) {
     if (SessionRunning == Off)
         EndReplay();
-    LastOpenFolder = name;
-    RefreshSessionButtons(false);
-    ThePlatform().MessageLoop.Yield();
-
-    std::string bytes;
-    if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0) {
-        TellFailure({failure, 0}, name);
-        return;
-    }
-    if (const FileOutcome outcome = ReadIntoBuffers(name, bytes); outcome.Number != 0) {
-        TellFailure(outcome, name);
-        RefreshSessionButtons(false);
-        return;
-    }
-    PrepareTraining();
-    SessionUnsaved = Off;
-    SessionName = LastSessionFile = name;
-    SessionTick = 1;
-    SpectrumSlotA = SpectrumSlotB = 1;
-    RescanSession(true);
-    TimeLapseReplay = Off;
-    timReplay.Interval = ReplayInterval;
-    StartReplay(false);
-    ShowNewSession();
-    LastFileResult = FileSuccess;
-    LastFileLine = 0;
+    ReadSessionFile(name);
 }
 
 } // namespace pulselark

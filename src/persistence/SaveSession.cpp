@@ -1,5 +1,6 @@
 #include "persistence/SaveSession.h"
 
+#include "base/FlagWhile.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ggz.h"
 #include "persistence/FileMessages.h"
@@ -8,6 +9,10 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/SessionButtons.h"
+
+#include <new>
+#include <optional>
 
 namespace pulselark {
 
@@ -21,10 +26,25 @@ void BringSceneryBack() {
     RestoreScenery();
 }
 
+std::optional<std::string> AskForFile() {
+    const FlagWhile open(DialogOpen);
+    return ThePlatform().FileDialogs.ChooseFileToSave(LastSaveFolder, SessionFileFilter);
+}
+
+Integer WriteShown(const std::string& name) {
+    const FlagWhile saving(SavingSession);
+    ShowStatus(name + LanguageText(TextSaving));
+    return WriteSessionFile(name);
+}
+
 } // namespace
 
 Integer WriteSessionFile(const std::string& name) {
-    return ThePlatform().Files.ReplaceWhole(name, SessionText());
+    try {
+        return ThePlatform().Files.ReplaceWhole(name, SessionText());
+    } catch (const std::bad_alloc&) {
+        return FailureOutOfMemory;
+    }
 }
 
 void SaveSession() {
@@ -33,9 +53,7 @@ void SaveSession() {
         platform.Messages.Show(LanguageText(TextNothingToDo), ButtonOK);
         return;
     }
-    DialogOpen = On;
-    const auto chosen = platform.FileDialogs.ChooseFileToSave(LastSaveFolder, SessionFileFilter);
-    DialogOpen = Off;
+    const auto chosen = AskForFile();
     if (!chosen) {
         LastFileResult = FailureCancelled;
         BringSceneryBack();
@@ -46,10 +64,7 @@ void SaveSession() {
     RefreshSessionButtons(false);
     const std::string lockBefore = SessionInfo[20];
     SessionInfo[20] = "1"; // a saved document is locked
-    SavingSession = On;
-    ShowStatus(name + LanguageText(TextSaving));
-    const Integer failure = WriteSessionFile(name);
-    SavingSession = Off;
+    const Integer failure = WriteShown(name);
     BringSceneryBack();
     if (failure != 0) {
         SessionInfo[20] = lockBefore;

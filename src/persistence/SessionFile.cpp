@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <span>
 
 namespace pulselark {
@@ -54,13 +55,13 @@ void ReadSession(TextRecordReader& reader) {
     reader.NextText(); // the signature
     const Long seconds = reader.NextLong();
     SessionSeconds = seconds >= 0 && seconds <= LongestSession ? seconds : 0;
+    if (seconds < 0)
+        throw Failure{FailureIndexOutOfRange};
     TakeChannelMode(reader.NextText());
     for (int i = 0; i < FutureUseLines; ++i)
         reader.NextText();
     for (std::string& field : SessionInfo)
         field = reader.NextText();
-    if (seconds < 0)
-        throw Failure{FailureIndexOutOfRange};
     ProgressDoor door("loading..");
     ReadSeries(reader, IbiA, seconds);
     ReadSeries(reader, IbiB, seconds);
@@ -97,6 +98,8 @@ FileOutcome ReadSessionText(std::string_view text) {
         ReadSession(reader);
     } catch (const Failure& failure) {
         return {failure.Number, reader.Line()};
+    } catch (const std::bad_alloc&) {
+        return {FailureOutOfMemory, reader.Line()};
     }
     return {};
 }

@@ -57,7 +57,7 @@ void AppendTextLine(std::string& out, std::string_view text) {
     for (const char c : text) {
         if (c == '\r')
             continue;
-        out.push_back(c == '"' ? '\'' : c == '\n' ? ' ' : c);
+        out.push_back(c == '\n' ? ' ' : c);
     }
     out.append("\"\r\n");
 }

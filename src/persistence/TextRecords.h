@@ -40,8 +40,8 @@ private:
     Long line_ = 0;
 };
 
-/// Appends one line each. Quotes and line ends inside a text would break the file: a quote becomes an
-/// apostrophe, a line end a blank.
+/// Appends one line each. A quote inside a text is not escaped (the reader takes the first and the last of a
+/// line as the text's own); a line end would break the file and becomes a blank.
 void AppendTextLine(std::string& out, std::string_view text);
 void AppendLongLine(std::string& out, Long value);
 

@@ -13,6 +13,7 @@ inline constexpr int CoherenceFftLength = 512;   ///< the spectrum's bins are it
 inline constexpr int CoherenceCurvePoints = 256; ///< point i has index k = i - 1, a period of k / 64 s
 inline constexpr int HrvFftLength = 256;         ///< seconds per transform
 inline constexpr int HrvBins = 128;              ///< bin i stands for (i - 1) / 256 Hz
+inline constexpr Long HrvMinimumSeconds = 256;   ///< seconds of data that the HRV needs before it is shown
 inline constexpr int RingSlots = 20;             ///< newest spectra and curves kept per channel
 
 /// The last twenty curves of a channel: [slot][bin].

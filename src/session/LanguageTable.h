@@ -15,7 +15,7 @@ inline constexpr int LanguageItems = 501;     ///< items 0 to 500
 
 class LanguageTexts {
 public:
-    LanguageTexts() : texts_(LanguageCount * LanguageItems) {}
+    LanguageTexts() : texts_(static_cast<std::size_t>(LanguageCount) * LanguageItems) {}
 
     /// Language 0 to 30, item 0 to 500; anything else is failure 9.
     std::string& operator()(int language, int item);

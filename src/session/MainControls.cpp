@@ -1,13 +1,13 @@
 #include "session/MainControls.h"
 
-#include "session/MainBuffers.h"
-
 #include <utility>
 
 namespace pulselark {
 
-Label labStatus, labPTime, labBFStart, labBPMA, labBPMB, labHRVNoDataA, labHRVNoDataB, labDryTesting;
+Label labStatus, labPTime, labBFStart, labHRVNoDataA, labHRVNoDataB, labDryTesting;
 Label labChannelMode, labLoading;
+CaptionLabel labBPMA, labBPMB, labLeftS, labRightS, labLeftGC, labRightGC, labLeftHRV, labRightHRV;
+std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 std::array<Label, 2> labQSMenu;
 
 PictureButton picStartSmp, picReplay, picStop;
@@ -39,26 +39,20 @@ std::span<Timer* const> SessionTimers() {
 }
 
 void ResetMainControls() {
-    for (Label* label :
-         {&labStatus, &labPTime, &labBFStart, &labBPMA, &labBPMB, &labHRVNoDataA, &labHRVNoDataB,
-          &labDryTesting, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
+    for (Label* label : {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting,
+                         &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
+    for (CaptionLabel* label :
+         {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,
+          &labLeftHis[0], &labLeftHis[1], &labLeftHis[2], &labRightHis[0], &labRightHis[1], &labRightHis[2]})
+        *label = CaptionLabel{};
     for (Timer* timer : AllTimers)
         timer->Enabled = false;
     timLoadingProgress.Enabled = true;
     timReplay.Interval = ReplayInterval;
-    RefreshSessionButtons(true);
-}
-
-void RefreshSessionButtons(bool /*force*/) {
     picStartSmp.Frame = 1;
-    if (SessionRunning != Off || SessionSeconds < ReplayMinimumSeconds) {
-        picReplay.Frame = FrameReplayBlocked;
-        picStop.Frame = FrameStopBlocked;
-        return;
-    }
-    picReplay.Frame = timReplay.Enabled ? FrameReplayRunning : FrameReplayRest;
-    picStop.Frame = FrameStopRest;
+    picReplay.Frame = FrameReplayBlocked;
+    picStop.Frame = FrameStopBlocked;
 }
 
 void ShowStatus(std::string text) {

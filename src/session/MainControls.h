@@ -9,10 +9,15 @@
 namespace pulselark {
 
 // Labels.
-extern Label labStatus;                    ///< message of the status line
-extern Label labPTime;                     ///< time of the second on the ECG panels
-extern Label labBFStart;                   ///< countdown to the start of biofeedback
-extern Label labBPMA, labBPMB;             ///< heart rate beside the history panels
+extern Label labStatus;                      ///< message of the status line
+extern Label labPTime;                       ///< time of the second on the ECG panels
+extern Label labBFStart;                     ///< countdown to the start of biofeedback
+extern CaptionLabel labBPMA, labBPMB;        ///< heart rate at the right of the history panels
+extern CaptionLabel labLeftS, labRightS;     ///< captions of the spectrum panels, A and B
+extern CaptionLabel labLeftGC, labRightGC;   ///< captions of the coherence panels
+extern CaptionLabel labLeftHRV, labRightHRV; ///< captions of the HRV panels
+/// Captions of the history panels: coherence, a bar between, heart rate.
+extern std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 extern Label labHRVNoDataA, labHRVNoDataB; ///< how long the HRV panels still wait for data
 extern Label labDryTesting;                ///< that sessions run without a monitor
 extern Label labChannelMode;               ///< the channel mode in words (the settings' channel action)
@@ -59,13 +64,9 @@ extern Label labLoading; ///< "loading" with its dots, during start-up
 /// All of the above timers, for whoever runs them.
 std::span<Timer* const> SessionTimers();
 
-/// Puts the controls to their start values; the handlers of the timers stay.
+/// Puts the controls to their start values: buttons that cannot be used, timers at rest. The handlers of the
+/// timers stay.
 void ResetMainControls();
-
-/// Draws the three buttons from the flags: a session of at least 5 seconds can be replayed and stopped,
-/// during a recording neither can be used. `force` is for a change of the colour scheme, when all must be
-/// drawn anew.
-void RefreshSessionButtons(bool force);
 
 /// Shows a text on the status line.
 void ShowStatus(std::string text);

@@ -14,10 +14,12 @@ Surface* picHRVA = &NoSurface();
 Surface* picHRVB = &NoSurface();
 Surface* picHisA = &NoSurface();
 Surface* picHisB = &NoSurface();
+Surface* picHRVPowerA = &NoSurface();
+Surface* picHRVPowerB = &NoSurface();
 
 void ResetPanelSurfaces() {
     for (Surface** panel : {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA,
-                            &picHRVB, &picHisA, &picHisB})
+                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB})
         *panel = &NoSurface();
 }
 

@@ -19,6 +19,9 @@ extern Surface* picHRVB;
 extern Surface* picHisA; ///< history
 extern Surface* picHisB;
 
+extern Surface* picHRVPowerA; ///< bars of the two band powers, in front of the HRV panels
+extern Surface* picHRVPowerB;
+
 /// Takes all surfaces away again.
 void ResetPanelSurfaces();
 

@@ -1,6 +1,10 @@
 #include "session/RedrawPanels.h"
 
+#include "analysis/CoherencePanel.h"
+#include "analysis/History.h"
+#include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
+#include "analysis/SpectrumPanel.h"
 #include "session/MainBuffers.h"
 #include "session/PanelSurfaces.h"
 #include "session/SessionTick.h"
@@ -9,13 +13,19 @@ namespace pulselark {
 
 void RedrawAllPanels() {
     RedrawEcg(*picIA, *picIB, RecordedSeconds);
+    HistoryForceRedraw = On;
     DrawAnalysisPanels();
+    HistoryForceRedraw = Off;
 }
 
 void OpenAllPanels(bool force) {
     if (SessionRunning != Off && LockScreens != Off && !force)
         return;
     OpenEcgPanel(true);
+    OpenSpectrumPanel(true);
+    OpenCoherencePanel(true);
+    OpenHistoryPanel(AnalysisSecond);
+    OpenHrvPanel(true);
 }
 
 } // namespace pulselark

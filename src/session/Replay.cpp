@@ -1,10 +1,12 @@
 #include "session/Replay.h"
 
 #include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/SessionButtons.h"
 #include "session/SessionTick.h"
 
 #include <algorithm>
@@ -83,6 +85,7 @@ void ReleaseStopButton() {
         return;
     EndReplay();
     SessionTick = 1;
+    RefreshSessionButtons(false);
     labBFStart.Visible = false;
     if (FeedbackFromReplay())
         StopMusicAndScenery();

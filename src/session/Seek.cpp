@@ -45,9 +45,14 @@ void RecalculateSecond() {
     AnalysisSecond = SessionTick;
     ThePlatform().MessageLoop.Yield();
     RunAnalyses();
-    DrawEcgA(*picIA, SessionTick);
-    DrawEcgB(*picIB, SessionTick);
-    DrawAnalysisPanels(&PlayChordIfWanted);
+    if (AppLinkOnly == Off) {
+        constexpr double StillHistoryMode = 1;
+        DrawEcgA(*picIA, SessionTick);
+        DrawEcgB(*picIB, SessionTick);
+        DrawAnalysisPanels(StillHistoryMode, &PlayChordIfWanted);
+    } else {
+        PlayChordIfWanted();
+    }
     SeekBusy = Off;
 }
 
@@ -68,7 +73,7 @@ void SeekByEcgPanel(int button, double x, double y, double width, double height)
         return;
     if (button == 0)
         AnchorDrag(x, y, width, height);
-    if (button != LeftButton || SessionRunning != Off)
+    if (button != LeftButton || !SeekAllowed())
         return;
     const double share = (x - EcgViewState.DragX) / width;
     const auto steps = static_cast<double>(Round(share * EcgViewState.SeekSensitivity - 0.5));
@@ -91,7 +96,7 @@ void ReleaseEcgPanel() {
 }
 
 void SeekToSecond(Long second) {
-    if (SessionSeconds < 1 || SessionRunning != Off || !SeekAllowed() || SeekBusy != Off)
+    if (SessionSeconds < 1 || !SeekAllowed() || SeekBusy != Off)
         return;
     PressEcgPanel();
     SessionTick = std::clamp<Long>(second, 1, SessionSeconds);

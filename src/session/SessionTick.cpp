@@ -57,7 +57,7 @@ void RunAnalyses() {
     CalcHrvB();
 }
 
-void DrawAnalysisPanels(void (*beforeHistory)()) {
+void DrawAnalysisPanels(double stillHistoryMode, void (*beforeHistory)()) {
     DrawSpectrumA();
     DrawSpectrumB();
     // The selected training has no use for the panels that stand still.
@@ -67,7 +67,7 @@ void DrawAnalysisPanels(void (*beforeHistory)()) {
     }
     if (beforeHistory != nullptr)
         beforeHistory();
-    if (!TrainingInModeUpTo(0)) {
+    if (!TrainingInModeUpTo(stillHistoryMode)) {
         DrawHistoryA();
         DrawHistoryB();
     }
@@ -98,6 +98,7 @@ void RunSessionTick() {
         TickTraining();
     }
     PlayChordIfWanted();
+    EcgViewState.LastSeekSecond = 0; // what a seek has left is no longer shown
     ++SessionTick;
 }
 

@@ -10,8 +10,10 @@ namespace pulselark {
 void RunAnalyses();
 
 /// Spectrum, coherence, history and HRV panels, both channels each, but for those that the selected training
-/// has no use for. `beforeHistory` runs between the coherence and the history panels.
-void DrawAnalysisPanels(void (*beforeHistory)() = nullptr);
+/// has no use for: in training the coherence stands still up to mode 1, the history up to mode
+/// `stillHistoryMode` (0 in a tick, 1 in a seek). `beforeHistory` runs between the coherence and the history
+/// panels.
+void DrawAnalysisPanels(double stillHistoryMode = 0, void (*beforeHistory)() = nullptr);
 
 /// The chord of the second, when sound is wanted: in training by the two coherence modes with
 /// `MidiInTraining`, outside training with `MidiInPanels`.

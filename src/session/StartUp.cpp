@@ -7,7 +7,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
-#include "session/Replay.h"
+#include "session/SessionTimers.h"
 
 namespace pulselark {
 
@@ -20,7 +20,7 @@ constexpr Integer MovingAverageKnobStart = 500;
 void InitApplication() {
     SetStartValues();
     ResetMainControls();
-    timReplay.Handler = &ReplayTick;
+    InstallTimerHandlers();
     LanguageIndex = 0;
     LoadLanguagePack();
     MovingAverageWidth = MovingAverageFromKnob(MovingAverageKnobStart);

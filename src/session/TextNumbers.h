@@ -277,6 +277,7 @@ enum TextNumber : int {
     TextScanTooShort = 270,
     TextChooseSceneryThere = 272,
     TextLine = 273, // a line of a file, before its number
+    TextOpenFailedHalfway = 274,
 
     // What a failure number means, in words.
     TextFailureOverflow = 280,

@@ -1,6 +1,7 @@
 #include "workspace/Look.h"
 
 #include "analysis/ColourSchemes.h"
+#include "platform/qt/QtFonts.h"
 
 #include <array>
 
@@ -38,7 +39,7 @@ const SchemeLook& CurrentLook() {
 }
 
 QFont TextFont(int pixels, int weight) {
-    QFont font(QStringList{"Roboto", "Noto Sans", "Noto Sans CJK JP", "DejaVu Sans"});
+    QFont font(FontFamilies());
     font.setPixelSize(pixels);
     font.setWeight(static_cast<QFont::Weight>(weight));
     return font;

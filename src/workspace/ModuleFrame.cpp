@@ -1,6 +1,8 @@
 #include "workspace/ModuleFrame.h"
 
 #include "analysis/ColourSchemes.h"
+#include "analysis/ModulePlaces.h"
+#include "analysis/PanelDrawing.h"
 #include "platform/qt/QtColour.h"
 #include "workspace/Look.h"
 #include "workspace/PanelView.h"
@@ -13,11 +15,6 @@ namespace pulselark {
 namespace {
 
 constexpr double Radius = 8;
-
-QRect ToPixels(const TwipsRect& rect) {
-    const auto pixels = [](double twips) { return static_cast<int>(Round(twips / TwipsPerPixel)); };
-    return {pixels(rect.Left), pixels(rect.Top), pixels(rect.Width), pixels(rect.Height)};
-}
 
 void PaintWell(QPainter& painter, const QRect& panel) {
     const QRectF well = QRectF(panel).adjusted(-4, -2, 4, 2);
@@ -32,6 +29,11 @@ void PaintWell(QPainter& painter, const QRect& panel) {
 }
 
 } // namespace
+
+QRect ToPixels(const TwipsRect& rect) {
+    const auto pixels = [](double twips) { return static_cast<int>(Round(twips / TwipsPerPixel)); };
+    return {pixels(rect.Left), pixels(rect.Top), pixels(rect.Width), pixels(rect.Height)};
+}
 
 ModuleFrame::ModuleFrame(int index, Icon icon, const QString& title, QWidget* parent)
     : QWidget(parent), icon_(icon), title_(title) {
@@ -53,10 +55,6 @@ void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
     if (panelB_ != nullptr)
         panelB_->Place(ToPixels(second), channelBPresent);
     update();
-}
-
-QRect ModuleFrame::Body() const {
-    return rect().adjusted(8, titleHeight_ + 8, -8, -8);
 }
 
 void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
@@ -81,8 +79,6 @@ void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
         if (panel != nullptr && panel->isVisibleTo(this))
             PaintWell(painter, panel->geometry());
     }
-    if (panelA_ == nullptr)
-        PaintWell(painter, Body());
     painter.setPen(look.Border);
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(outline);

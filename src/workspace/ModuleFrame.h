@@ -1,6 +1,5 @@
 #pragma once
 
-#include "analysis/PanelDrawing.h"
 #include "workspace/Icons.h"
 
 #include <QWidget>
@@ -8,6 +7,10 @@
 namespace pulselark {
 
 class PanelView;
+struct TwipsRect;
+
+/// A rectangle of the layout in pixels.
+QRect ToPixels(const TwipsRect& rect);
 
 /// A module panel `picModule`: border, title bar and the wells of its two panels.
 class ModuleFrame final : public QWidget {
@@ -21,8 +24,6 @@ public:
     void SetPanels(PanelView* a, PanelView* b);
     /// Places of the two panels for the module's present size.
     void LayOut(int titleHeight, bool channelBPresent);
-    /// Space below the title bar, for a module that shows something else than panels.
-    QRect Body() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,9 +1,35 @@
 #include "workspace/PanelView.h"
 
+#include "analysis/ColourSchemes.h"
+#include "analysis/PanelDrawing.h"
+#include "platform/qt/QtColour.h"
+#include "workspace/Look.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <array>
+#include <utility>
+
 namespace pulselark {
+
+namespace {
+
+// Text of the screen, moved until it can be read on the panels' background.
+QColor PanelInk(Colour colour) {
+    const Image& back = picModBGSrc(ColourSchemeIndex);
+    const int middle = back.Width / 2;
+    const std::array<Colour, 3> backdrop{back.PixelAt(middle, 0), back.PixelAt(middle, back.Height / 2),
+                                         back.PixelAt(middle, back.Height - 1)};
+    return ToQColor(InkOn(colour, backdrop.data(), static_cast<int>(backdrop.size())));
+}
+
+QColor FrameColour() {
+    const bool dark = RedOf(PanelBackColour()) < 128;
+    return ToQColor(dark ? CurrentScheme().Grid : CurrentScheme().Text);
+}
+
+} // namespace
 
 PanelView::PanelView(const char* name, bool withTwin, QWidget* parent) : QWidget(parent) {
     setObjectName(name);
@@ -22,15 +48,59 @@ void PanelView::Show(const QtSurface& surface) {
 void PanelView::Place(const QRect& rect, bool shown) {
     setVisible(shown);
     setGeometry(rect);
-    const QSize size = shown ? rect.size() : QSize(0, 0);
+    const int frame = framed_ ? 2 : 0;
+    const QSize size = shown ? QSize(rect.width() - frame, rect.height() - frame) : QSize(0, 0);
     surface_.Resize(size.width(), size.height(), devicePixelRatioF());
     if (twin_.OnDrawn)
         twin_.Resize(size.width(), size.height(), devicePixelRatioF());
 }
 
+void PanelView::Mirror() {
+    QString words;
+    for (const CaptionLabel* caption : captions_) {
+        if (caption->Visible)
+            words += QString::fromStdString(caption->Caption) + "\n";
+    }
+    if (notice_ != nullptr && notice_->Visible)
+        words += QString::fromStdString(notice_->Caption);
+    if (words == words_)
+        return;
+    words_ = words;
+    setAccessibleDescription(words_);
+    update();
+}
+
+void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption) const {
+    const QRectF plate(caption.Left, 0, caption.Width, caption.Height);
+    QColor back = ToQColor(PanelBackColour());
+    back.setAlphaF(0.86F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(back);
+    painter.drawRoundedRect(plate, 4, 4);
+    painter.setPen(PanelInk(caption.ForeColour));
+    painter.setFont(PanelFont("Arial", 8, false));
+    painter.drawText(plate, Qt::AlignCenter, QString::fromStdString(caption.Caption));
+}
+
 void PanelView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    if (framed_) {
+        painter.fillRect(rect(), FrameColour());
+        painter.drawImage(QPointF(1, 1), shown_->Picture());
+        return;
+    }
     painter.drawImage(QPointF(0, 0), shown_->Picture());
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Captions give way before anything else when a panel is narrow.
+    for (const CaptionLabel* caption : captions_) {
+        if (caption->Visible && caption->Left + caption->Width <= width())
+            PaintCaption(painter, *caption);
+    }
+    if (notice_ != nullptr && notice_->Visible) {
+        painter.setFont(TextFont(13));
+        painter.setPen(PanelInk(CurrentScheme().Text));
+        painter.drawText(rect(), Qt::AlignCenter, QString::fromStdString(notice_->Caption));
+    }
 }
 
 void PanelView::mouseMoveEvent(QMouseEvent* event) {

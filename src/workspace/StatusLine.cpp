@@ -1,10 +1,10 @@
 #include "workspace/StatusLine.h"
 
 #include "analysis/ColourSchemes.h"
-#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "workspace/Look.h"
+#include "workspace/Texts.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -12,10 +12,6 @@
 namespace pulselark {
 
 namespace {
-
-QString Text(int item) {
-    return QString::fromStdString(LanguageText(item));
-}
 
 // A file is named without its folder, which stands in the tool tip.
 QString WithoutFolder(QString text) {

@@ -3,10 +3,11 @@
 #include "analysis/ColourSchemes.h"
 #include "analysis/InputCD.h"
 #include "platform/qt/QtColour.h"
-#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/SessionButtons.h"
 #include "workspace/Look.h"
+#include "workspace/Texts.h"
 #include "workspace/TransportButton.h"
 
 #include <QMenuBar>
@@ -21,10 +22,6 @@ namespace {
 
 constexpr int ProgressWidth = 224;
 constexpr int ChipWidth = 104;
-
-QString Text(int item) {
-    return QString::fromStdString(LanguageText(item));
-}
 
 // The clock of a session: minutes and seconds, with the hour once there is one.
 QString ClockText(Long seconds) {
@@ -53,6 +50,9 @@ TopBar::TopBar(QWidget* parent)
       replay_(new TransportButton("picReplay", Icon::Replay, this)),
       stop_(new TransportButton("picStop", Icon::Stop, this)) {
     setObjectName("picTopBarMain");
+    setAccessibleName(ProgramTitle);
+    menus_->setObjectName("labMainMenu");
+    menus_->setAccessibleName(ProgramTitle);
     menus_->setNativeMenuBar(false);
     record_->setAccessibleName(Text(TextRecordButton));
     record_->setToolTip(Text(TextRecordButtonOffTip));
@@ -84,7 +84,7 @@ void TopBar::LayOut() {
     const Density& density = DensityFor(window->width(), window->height());
     const int middle = height() / 2;
     const QFontMetrics name(TextFont(15, 500));
-    int x = 16 + 28 + 12 + name.horizontalAdvance("PulseLark 5 QS") + 16;
+    int x = 16 + 28 + 12 + name.horizontalAdvance(ProgramTitle) + 16;
     const QSize menuSize = menus_->sizeHint();
     menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
     dividerLeft_ = x + menuSize.width() + 16;
@@ -98,10 +98,12 @@ void TopBar::LayOut() {
 }
 
 void TopBar::Mirror() {
-    const bool available = picReplay.Frame != FrameReplayBlocked;
-    record_->SetState(false, SessionRunning != Off);
-    replay_->SetState(available, timReplay.Enabled);
-    stop_->SetState(available, false);
+    record_->SetState(false, SessionRunning != Off, false);
+    const bool running = picReplay.Frame == FrameReplayRunning || picReplay.Frame == FrameReplayRunningHover;
+    const bool replayLifted =
+        picReplay.Frame == FrameReplayHover || picReplay.Frame == FrameReplayRunningHover;
+    replay_->SetState(ButtonAvailable(picReplay), running, replayLifted);
+    stop_->SetState(ButtonAvailable(picStop), false, picStop.Frame == FrameStopHover);
 
     const Long second = SessionSeconds > 0 ? std::min(EcgViewState.LastSecondA, SessionSeconds) : 0;
     QList<Chip> chips;
@@ -186,8 +188,7 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
     PaintIcon(painter, Icon::Mark, mark.adjusted(4, 4, -4, -4), Qt::white);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(15, 500));
-    painter.drawText(QRectF(16 + 28 + 12, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter,
-                     "PulseLark 5 QS");
+    painter.drawText(QRectF(16 + 28 + 12, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
     painter.fillRect(QRectF(dividerLeft_, height() / 2.0 - 12, 1, 24), QColor(255, 255, 255, 61));
     PaintClock(painter);
     PaintChips(painter);

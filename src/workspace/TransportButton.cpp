@@ -1,5 +1,6 @@
 #include "workspace/TransportButton.h"
 
+#include "session/Replay.h"
 #include "workspace/Look.h"
 
 #include <QFocusEvent>
@@ -12,8 +13,6 @@ namespace pulselark {
 namespace {
 
 constexpr int Rim = 4; // room for the focus ring
-constexpr int LeftButtonCode = 1;
-constexpr int RightButtonCode = 2;
 
 } // namespace
 
@@ -28,11 +27,12 @@ void TransportButton::SetDiameter(int diameter) {
     setFixedSize(diameter + 2 * Rim, diameter + 2 * Rim);
 }
 
-void TransportButton::SetState(bool available, bool running) {
-    if (available == available_ && running == running_)
+void TransportButton::SetState(bool available, bool running, bool lifted) {
+    if (available == available_ && running == running_ && lifted == lifted_)
         return;
     available_ = available;
     running_ = running;
+    lifted_ = lifted;
     update();
 }
 
@@ -45,7 +45,7 @@ void TransportButton::paintEvent(QPaintEvent* /*event*/) {
     QColor plate = look.RaisedHover;
     if (lit)
         plate = look.Running;
-    else if (available_ && (pressed_ || underMouse()))
+    else if (available_ && (pressed_ || lifted_))
         plate = look.RaisedPressed;
     painter.setBrush(plate);
     painter.setPen(QPen(lit ? plate : QColor(255, 255, 255, available_ ? 61 : 23), 1));
@@ -71,6 +71,8 @@ void TransportButton::paintEvent(QPaintEvent* /*event*/) {
 void TransportButton::mousePressEvent(QMouseEvent* event) {
     pressed_ = available_ && (event->button() == Qt::LeftButton || event->button() == Qt::RightButton);
     update();
+    if (pressed_)
+        emit PressedDown();
 }
 
 void TransportButton::mouseReleaseEvent(QMouseEvent* event) {
@@ -78,7 +80,7 @@ void TransportButton::mouseReleaseEvent(QMouseEvent* event) {
     pressed_ = false;
     update();
     if (taken)
-        emit ReleasedWith(event->button() == Qt::LeftButton ? LeftButtonCode : RightButtonCode);
+        emit ReleasedWith(event->button() == Qt::LeftButton ? LeftButton : RightButton);
 }
 
 void TransportButton::keyPressEvent(QKeyEvent* event) {
@@ -88,15 +90,15 @@ void TransportButton::keyPressEvent(QKeyEvent* event) {
         event->ignore(); // the window has a use for it
         return;
     }
-    emit ReleasedWith(RightButtonCode);
+    emit ReleasedWith(RightButton);
 }
 
 void TransportButton::enterEvent(QEnterEvent* /*event*/) {
-    update();
+    emit Hovered(true);
 }
 
 void TransportButton::leaveEvent(QEvent* /*event*/) {
-    update();
+    emit Hovered(false);
 }
 
 void TransportButton::focusInEvent(QFocusEvent* event) {

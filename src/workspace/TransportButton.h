@@ -14,12 +14,15 @@ public:
     TransportButton(const char* name, Icon icon, QWidget* parent);
 
     void SetDiameter(int diameter);
-    /// Available: can be pressed. Running: what the button starts is under way.
-    void SetState(bool available, bool running);
+    /// Available: can be pressed. Running: what the button starts is under way. Lifted: under the pointer.
+    void SetState(bool available, bool running, bool lifted);
 
 signals:
     /// Released with the left (1) or right (2) mouse button, or by the keyboard (2: normal speed).
     void ReleasedWith(int mouseButton);
+    void PressedDown();
+    /// The pointer comes over the button, or leaves it.
+    void Hovered(bool over);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -34,6 +37,7 @@ private:
     Icon icon_;
     bool available_ = false;
     bool running_ = false;
+    bool lifted_ = false;
     bool pressed_ = false;
     bool keyboardFocus_ = false;
 };

@@ -1,23 +1,26 @@
 #include "workspace/WindowPlatform.h"
 
-#include "session/LanguageTable.h"
+#include "workspace/Texts.h"
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace pulselark {
 
 namespace {
 
-QString Text(int item) {
-    return QString::fromStdString(LanguageText(item));
-}
-
 // "Name of the type (*.ext)|*.ext" is the form of the core; the toolkit's filter is its first half.
 QString FilterOf(const std::string& filter) {
     return QString::fromStdString(filter).section('|', 0, 0);
+}
+
+// The dialogs start in a folder, with no name in their field.
+QString FolderOf(const std::string& start) {
+    const QFileInfo place(QString::fromStdString(start));
+    return place.isDir() ? place.absoluteFilePath() : place.absolutePath();
 }
 
 QString ExtensionOf(const std::string& filter) {
@@ -43,8 +46,8 @@ void WindowPlatform::CatchUp() const {
 std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& start,
                                                             const std::string& filter) {
     CatchUp();
-    const QString name = QFileDialog::getOpenFileName(owner_, Text(TextDialogOpenSession),
-                                                      QString::fromStdString(start), FilterOf(filter));
+    const QString name =
+        QFileDialog::getOpenFileName(owner_, Text(TextDialogOpenSession), FolderOf(start), FilterOf(filter));
     if (name.isEmpty())
         return std::nullopt;
     return name.toStdString();
@@ -53,7 +56,7 @@ std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& s
 std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& start,
                                                             const std::string& filter) {
     CatchUp();
-    QFileDialog dialog(owner_, Text(TextDialogSaveSession), QString::fromStdString(start), FilterOf(filter));
+    QFileDialog dialog(owner_, Text(TextDialogSaveSession), FolderOf(start), FilterOf(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // With the suffix set here, the question about replacing a file is asked for the name as it will be.
     dialog.setDefaultSuffix(ExtensionOf(filter));
@@ -63,6 +66,8 @@ std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& s
 }
 
 int WindowPlatform::Show(const std::string& text, int buttons) {
+    if (unattended_)
+        return MostCarefulButton(buttons);
     CatchUp();
     return ShowMessageWindow(owner_, QString::fromStdString(text), buttons);
 }
@@ -78,7 +83,7 @@ void WindowPlatform::Show(const std::string& caption) {
 }
 
 void WindowPlatform::Draw(double percent) {
-    if (progress_)
+    if (progress_ && !unattended_)
         progress_->Draw(percent);
 }
 

@@ -20,6 +20,8 @@ public:
 
     /// The window that owns the others; before it is set, messages stand alone.
     void SetOwner(QWidget* owner);
+    /// Nobody watches: no message and no progress is shown; a message gets its most careful answer.
+    void SetUnattended() { unattended_ = true; }
     /// Called before the message loop runs or a window waits for the user, so that what the core has set is
     /// shown.
     std::function<void()> BeforeWaiting;
@@ -38,6 +40,7 @@ private:
     SystemClock clock_;
     SystemFiles files_;
     Platform platform_;
+    bool unattended_ = false;
     QPointer<QWidget> owner_;
     QPointer<frmProgressBar> progress_;
 };

@@ -1,27 +1,22 @@
 #include "workspace/frmMain.h"
 
-#include "analysis/InputCD.h"
-#include "analysis/PanelDrawing.h"
 #include "persistence/DropSession.h"
 #include "persistence/OpenSession.h"
 #include "persistence/SaveSession.h"
-#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
-#include "session/PanelSurfaces.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 #include "session/Seek.h"
-#include "workspace/DefaultPlaces.h"
+#include "session/SessionButtons.h"
+#include "workspace/AnalysisPanels.h"
 #include "workspace/Look.h"
-#include "workspace/ModuleFrame.h"
-#include "workspace/NumbersView.h"
-#include "workspace/PanelView.h"
-#include "workspace/SeekCursors.h"
 #include "workspace/StatusLine.h"
+#include "workspace/Texts.h"
 #include "workspace/TopBar.h"
 #include "workspace/TransportButton.h"
 #include "workspace/WindowPlatform.h"
+#include "workspace/frmViewMenu.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -35,10 +30,6 @@ namespace pulselark {
 
 namespace {
 
-QString Text(int item) {
-    return QString::fromStdString(LanguageText(item));
-}
-
 // The one session file among what is dragged over the window, or nothing.
 QString DraggedSession(const QMimeData* data) {
     const auto urls = data->urls();
@@ -50,15 +41,16 @@ QString DraggedSession(const QMimeData* data) {
 } // namespace
 
 frmMain::frmMain(WindowPlatform& platform)
-    : platform_(platform), timers_([this] { Mirror(); }), topBar_(new TopBar(this)),
-      statusLine_(new StatusLine(this)) {
+    : platform_(platform), timers_(SessionTimers(), [this] { Mirror(); }), topBar_(new TopBar(this)),
+      statusLine_(new StatusLine(this)),
+      panels_(new AnalysisPanels(this, [this](const std::function<void()>& routine) { Do(routine); })) {
     setObjectName("frmMain");
-    setWindowTitle("PulseLark 5 QS");
-    setMinimumSize(640, 420);
+    setWindowTitle(ProgramTitle);
+    setAccessibleName(ProgramTitle);
+    setMinimumSize(800, 600);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setFont(TextFont(13));
-    BuildModules();
     BuildMenus();
     ConnectTransport();
     platform_.SetOwner(this);
@@ -69,65 +61,12 @@ frmMain::frmMain(WindowPlatform& platform)
 frmMain::~frmMain() {
     platform_.BeforeWaiting = nullptr;
     platform_.SetOwner(nullptr);
-    ResetPanelSurfaces();
-}
-
-void frmMain::BuildModules() {
-    struct Kind {
-        Icon Picture;
-        int Title;
-        Module Numbers;
-    };
-    constexpr std::array<Kind, 5> Kinds{{{Icon::EcgInput, TextModuleEcgInput, Module::EcgInput},
-                                         {Icon::Spectrum, TextModuleSpectrum, Module::Spectrum},
-                                         {Icon::Coherence, TextModuleCoherence, Module::Coherence},
-                                         {Icon::History, TextModuleHistory, Module::History},
-                                         {Icon::Hrv, TextModuleHrv, Module::Hrv}}};
-    for (std::size_t i = 0; i < Kinds.size(); ++i) {
-        modules_[i] = new ModuleFrame(static_cast<int>(i), Kinds[i].Picture, Text(Kinds[i].Title), this);
-        if (Kinds[i].Numbers != Module::EcgInput)
-            numbers_.push_back(new NumbersView(Kinds[i].Numbers, modules_[i]));
-    }
-    ecgA_ = new PanelView("picIA", true, modules_[0]);
-    ecgB_ = new PanelView("picIB", true, modules_[0]);
-    ecgA_->setAccessibleName(Text(TextEcgA));
-    ecgB_->setAccessibleName(Text(TextEcgB));
-    modules_[0]->SetPanels(ecgA_, ecgB_);
-    picIA = &ecgA_->Surface();
-    picIAP = &ecgA_->Twin();
-    picIB = &ecgB_->Surface();
-    picIBP = &ecgB_->Twin();
-    for (PanelView* panel : {ecgA_, ecgB_}) {
-        panel->setToolTip(Text(TextSeekTip));
-        ConnectEcgPanel(panel);
-    }
-}
-
-void frmMain::ConnectEcgPanel(PanelView* panel) {
-    connect(panel, &PanelView::Moved, this, [this, panel](int button, double x, double y) {
-        Do([&] { SeekByEcgPanel(button, x, y, panel->width(), panel->height()); });
-        ShowSeekCursor();
-    });
-    connect(panel, &PanelView::Pressed, this, [this, panel](double x, double y) {
-        Do([&] {
-            PressEcgPanel();
-            SeekByEcgPanel(0, x, y, panel->width(), panel->height());
-        });
-    });
-    connect(panel, &PanelView::Released, this, [this] { Do([] { ReleaseEcgPanel(); }); });
-}
-
-void frmMain::ShowSeekCursor() {
-    if (SessionRunning != Off || EcgViewState.SeekRow == seekRowShown_)
-        return;
-    seekRowShown_ = EcgViewState.SeekRow;
-    for (PanelView* panel : {ecgA_, ecgB_})
-        panel->setCursor(SeekCursor(seekRowShown_));
 }
 
 void frmMain::BuildMenus() {
     fileMenu_ = topBar_->Menus()->addMenu(Text(TextMenuFile));
     fileMenu_->setObjectName("frmFileMenu");
+    fileMenu_->setAccessibleName(Text(TextMenuFile));
     fileMenu_->setAttribute(Qt::WA_TranslucentBackground);
     openAction_ = fileMenu_->addAction(Text(TextMenuOpenSession));
     openAction_->setObjectName("labOpenSession");
@@ -142,16 +81,27 @@ void frmMain::BuildMenus() {
     connect(openAction_, &QAction::triggered, this, [this] { Do([] { OpenSessionFromMenu(); }); });
     connect(saveAction_, &QAction::triggered, this, [this] { Do([] { SaveSession(); }); });
     connect(exit, &QAction::triggered, this, &QWidget::close);
+    viewMenu_ = new frmViewMenu(
+        this, [this] { ApplyLook(); }, [this] { Mirror(); });
+    topBar_->Menus()->addMenu(viewMenu_);
     // Shortcuts of a menu work only while their actions belong to the window.
     addActions(fileMenu_->actions());
 }
 
 void frmMain::ConnectTransport() {
-    connect(topBar_->ReplayButton(), &TransportButton::ReleasedWith, this, [this](int button) {
+    const auto connectHover = [this](TransportButton* button, PictureButton& picture) {
+        connect(button, &TransportButton::Hovered, this,
+                [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
+    };
+    TransportButton* replay = topBar_->ReplayButton();
+    TransportButton* stop = topBar_->StopButton();
+    connectHover(replay, picReplay);
+    connectHover(stop, picStop);
+    connect(replay, &TransportButton::ReleasedWith, this, [this](int button) {
         Do([button] { ReleaseReplayButton(button == LeftButton ? LeftButton : RightButton); });
     });
-    connect(topBar_->StopButton(), &TransportButton::ReleasedWith, this,
-            [this](int) { Do([] { ReleaseStopButton(); }); });
+    connect(stop, &TransportButton::PressedDown, this, [this] { Do(&PressStopButton); });
+    connect(stop, &TransportButton::ReleasedWith, this, [this] { Do(&ReleaseStopButton); });
 }
 
 void frmMain::Mirror() {
@@ -159,23 +109,17 @@ void frmMain::Mirror() {
         LayOut();
     topBar_->Mirror();
     statusLine_->Mirror();
-    for (NumbersView* numbers : numbers_)
-        numbers->Mirror();
+    panels_->Mirror();
     openAction_->setEnabled(!SessionBusy());
     saveAction_->setEnabled(!SessionBusy() && SessionSeconds > 0);
     timers_.Sync();
 }
 
 void frmMain::ApplyLook() {
-    const SchemeLook& look = CurrentLook();
-    fileMenu_->setFont(TextFont(13));
-    fileMenu_->setStyleSheet(
-        QString("QMenu { background: %1; color: %2; border: 1px solid %4; border-radius: 8px; padding: 4px; }"
-                "QMenu::item { padding: 8px 24px 8px 24px; border-radius: 4px; min-width: 180px; }"
-                "QMenu::item:selected { background: %3; }"
-                "QMenu::item:disabled { color: rgba(255, 255, 255, 97); }"
-                "QMenu::separator { height: 1px; background: %4; margin: 4px 8px; }")
-            .arg(look.Bar.name(), look.BarText.name(), look.RaisedHover.name(), look.RaisedPressed.name()));
+    for (QMenu* menu : {fileMenu_, static_cast<QMenu*>(viewMenu_)}) {
+        menu->setFont(TextFont(13));
+        menu->setStyleSheet(MenuStyle());
+    }
     LayOut();
     update();
 }
@@ -187,13 +131,7 @@ void frmMain::LayOut() {
     statusLine_->setGeometry(0, height() - density.StatusLine, width(), density.StatusLine);
     const QRect desk(0, density.TopBar, width(), height() - density.TopBar - density.StatusLine);
     const int gap = density.Gap;
-    const auto places = DefaultPlaces(desk.adjusted(gap, gap, -gap, -gap), gap);
-    for (std::size_t i = 0; i < modules_.size(); ++i) {
-        modules_[i]->setGeometry(places[i]);
-        modules_[i]->LayOut(density.TitleBar, ChannelBPresent != Off);
-    }
-    for (NumbersView* numbers : numbers_)
-        numbers->setGeometry(static_cast<ModuleFrame*>(numbers->parentWidget())->Body());
+    panels_->LayOut(desk.adjusted(gap, gap, -gap, -gap), gap, density.TitleBar);
     channelBLaidOut_ = ChannelBPresent;
     OpenAllPanels(true);
 }
@@ -213,7 +151,12 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
     const bool fast = (event->modifiers() & Qt::ShiftModifier) != 0;
     const Long step = fast ? FastStep : 1;
     switch (event->key()) {
+    case Qt::Key_Escape:
+        panels_->CancelDrag();
+        break;
     case Qt::Key_Space:
+        if (event->isAutoRepeat())
+            break; // a key held down is one press
         Do([] { ReleaseReplayButton(RightButton); });
         break;
     case Qt::Key_Left:
@@ -243,7 +186,7 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (SessionBusy() || !MayDropSession(TextSaveBeforeExit)) {
+    if (SessionBusy() || SeekBusy != Off || DialogOpen != Off || !MayDropSession(TextSaveBeforeExit)) {
         event->ignore();
         Mirror();
         return;

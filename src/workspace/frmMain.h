@@ -4,20 +4,18 @@
 
 #include <QWidget>
 
-#include <array>
-#include <vector>
+#include <functional>
 
 class QAction;
 class QMenu;
 
 namespace pulselark {
 
-class ModuleFrame;
-class NumbersView;
-class PanelView;
+class AnalysisPanels;
 class StatusLine;
 class TopBar;
 class WindowPlatform;
+class frmViewMenu;
 
 /// The main window: top bar, modules, status line. It decides nothing: every event goes to the core, and what
 /// the core has set is mirrored afterwards.
@@ -49,25 +47,19 @@ private:
         Mirror();
     }
     void BuildMenus();
-    void BuildModules();
     void ConnectTransport();
-    void ConnectEcgPanel(PanelView* panel);
     void LayOut();
-    void ShowSeekCursor();
 
     WindowPlatform& platform_;
     QtTimers timers_;
     TopBar* topBar_;
     StatusLine* statusLine_;
-    std::array<ModuleFrame*, 5> modules_{};
-    std::vector<NumbersView*> numbers_;
-    PanelView* ecgA_ = nullptr;
-    PanelView* ecgB_ = nullptr;
+    AnalysisPanels* panels_;
     QMenu* fileMenu_ = nullptr;
+    frmViewMenu* viewMenu_ = nullptr;
     QAction* openAction_ = nullptr;
     QAction* saveAction_ = nullptr;
     short channelBLaidOut_ = 0;
-    short seekRowShown_ = -1;
 };
 
 } // namespace pulselark

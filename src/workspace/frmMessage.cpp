@@ -4,6 +4,7 @@
 #include "session/LanguageTable.h"
 #include "workspace/Icons.h"
 #include "workspace/Look.h"
+#include "workspace/Texts.h"
 
 #include <QDialog>
 #include <QHBoxLayout>
@@ -29,14 +30,6 @@ constexpr std::array<ButtonKind, 4> Kinds{{{ButtonCancel, TextCancel, "Cancel", 
                                            {ButtonNo, TextNo, "No", "comNo"},
                                            {ButtonYes, TextYes, "Yes", "comYes"},
                                            {ButtonOK, TextOk, "OK", "comOK"}}};
-
-int ButtonOfClosing(int buttons) {
-    for (const int code : {ButtonCancel, ButtonNo, ButtonOK, ButtonYes}) {
-        if ((buttons & code) != 0)
-            return code;
-    }
-    return ButtonOK;
-}
 
 QPixmap Sign(Icon icon, double density) {
     QPixmap pixmap(QSize(32, 32) * density);
@@ -64,7 +57,8 @@ QString StyleOfForm() {
 int ShowMessageWindow(QWidget* owner, const QString& text, int buttons) {
     QDialog dialog(owner);
     dialog.setObjectName("frmMessage");
-    dialog.setWindowTitle("PulseLark 5 QS");
+    dialog.setAccessibleName(text);
+    dialog.setWindowTitle(ProgramTitle);
     dialog.setStyleSheet(StyleOfForm());
     dialog.setFont(TextFont(13));
 
@@ -74,6 +68,8 @@ int ShowMessageWindow(QWidget* owner, const QString& text, int buttons) {
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* sign = new QLabel(&dialog);
+    sign->setObjectName("imMessage");
+    sign->setAccessibleName(Text((buttons & ButtonYes) != 0 ? TextSignQuestion : TextSignInformation));
     sign->setPixmap(
         Sign((buttons & ButtonYes) != 0 ? Icon::Question : Icon::Information, dialog.devicePixelRatioF()));
     auto* words = new QHBoxLayout;
@@ -110,7 +106,7 @@ int ShowMessageWindow(QWidget* owner, const QString& text, int buttons) {
     layout->addLayout(row);
     dialog.setFixedWidth(400);
     const int pressed = dialog.exec();
-    return pressed > 0 ? pressed : ButtonOfClosing(buttons);
+    return pressed > 0 ? pressed : MostCarefulButton(buttons);
 }
 
 } // namespace pulselark

@@ -1,27 +1,38 @@
 #include "workspace/frmProgressBar.h"
 
 #include "workspace/Look.h"
+#include "workspace/Texts.h"
 
 #include <QPainter>
+#include <QProgressBar>
 
 #include <algorithm>
 
 namespace pulselark {
 
-frmProgressBar::frmProgressBar(QWidget* window) : QWidget(window) {
+frmProgressBar::frmProgressBar(QWidget* window) : QWidget(window), bar_(new QProgressBar(this)) {
     setObjectName("frmProgressBar");
+    setAccessibleName(Text(TextProgressLoading));
     resize(320, 88);
+    bar_->setObjectName("picPB");
+    bar_->setAccessibleName(Text(TextProgressLoading));
+    bar_->setTextVisible(false);
+    bar_->setGeometry(24, 54, width() - 48, 6);
+    bar_->setStyleSheet(QString("QProgressBar { background: %1; border: none; border-radius: 3px; }"
+                                "QProgressBar::chunk { background: %2; border-radius: 3px; }")
+                            .arg(FormColour::Rule.name(), FormColour::Teal.name()));
     hide();
 }
 
 void frmProgressBar::SetCaption(const QString& caption) {
     caption_ = caption;
-    percent_ = 0;
+    bar_->setValue(0);
     setAccessibleName(caption);
+    bar_->setAccessibleName(caption);
 }
 
 void frmProgressBar::Draw(double percent) {
-    percent_ = std::clamp(percent, 0.0, 100.0);
+    bar_->setValue(static_cast<int>(std::clamp(percent, 0.0, 100.0)));
     const QWidget* window = parentWidget();
     move((window->width() - width()) / 2, (window->height() - height()) / 2);
     raise();
@@ -39,13 +50,7 @@ void frmProgressBar::paintEvent(QPaintEvent* /*event*/) {
     painter.setFont(TextFont(13));
     painter.drawText(QRectF(24, 20, width() - 48, 20), Qt::AlignLeft | Qt::AlignVCenter, caption_);
     painter.drawText(QRectF(24, 20, width() - 48, 20), Qt::AlignRight | Qt::AlignVCenter,
-                     QString("%1 %").arg(static_cast<int>(percent_)));
-    const QRectF bar(24, 54, width() - 48, 6);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(FormColour::Rule);
-    painter.drawRoundedRect(bar, 3, 3);
-    painter.setBrush(FormColour::Teal);
-    painter.drawRoundedRect(QRectF(bar.left(), bar.top(), bar.width() * percent_ / 100, bar.height()), 3, 3);
+                     QString("%1 %").arg(bar_->value()));
 }
 
 } // namespace pulselark

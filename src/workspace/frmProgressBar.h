@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+class QProgressBar;
+
 namespace pulselark {
 
 /// The progress form: a line of text over a bar `picPB`, in the middle of its window.
@@ -20,7 +22,7 @@ protected:
 
 private:
     QString caption_;
-    double percent_ = 0;
+    QProgressBar* bar_;
 };
 
 } // namespace pulselark

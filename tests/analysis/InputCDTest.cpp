@@ -42,11 +42,10 @@ TEST_F(EcgPanel, EveryLineAndLabelHasItsPlace) {
     DrawEcgA(Panel, 9);
     using Text = RecordingSurface::Text;
     const std::string sans = "MS Sans Serif";
-    const std::vector<Text> texts{{12, 106, "0mV", sans},     {0, 156, "+500mV", sans},
-                                  {0, 56, "-500mV", sans},    {548, 12, "00:09", sans},
-                                  {420, 12, "00:08", sans},   {292, 12, "00:07", sans},
-                                  {164, 12, "00:06", sans},   {36, 12, "00:05", sans},
-                                  {37.5, 200, "<128>", "Arial"}};
+    const std::vector<Text> texts{
+        {18, 106, "0mV", sans},   {0, 156, "+500mV", sans}, {0, 56, "-500mV", sans},
+        {548, 12, "00:09", sans}, {420, 12, "00:08", sans}, {292, 12, "00:07", sans},
+        {164, 12, "00:06", sans}, {36, 12, "00:05", sans},  {37.5, 200, "<128>", "Arial"}};
     EXPECT_EQ(Panel.Texts, texts);
     constexpr Colour Grid = 0x893523;
     const std::vector<RecordingSurface::Segment> segments{

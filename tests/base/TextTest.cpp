@@ -1,10 +1,12 @@
-#include "base/Numbers.h"
 #include "base/Text.h"
+
+#include "base/Numbers.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <random>
 #include <string>
@@ -26,16 +28,12 @@ Integer FailureOf(const std::string& text) {
     return 0;
 }
 
+// The expected texts are read by the C library.
 TEST(Text, SinglesAreWrittenShort) {
-    const struct {
-        float Value;
-        const char* Text;
-    } cases[] = {{0, "0"}, {1, "1"}, {-20, "-20"}, {0.375F, ".375"}, {-0.375F, "-.375"}, {0.1F, ".1"},
-                 {1.5F, "1.5"}, {123.456F, "123.456"}, {9999999.0F, "9999999"}, {1.25e-5F, "1.25E-05"},
-                 {0.055F, ".055"}, {1e20F, "1E+20"}, {-3.4028235e38F, "-3.4028235E+38"}, {1e-45F, "1E-45"},
-                 {std::numeric_limits<float>::infinity(), "0"}, {std::nanf(""), "0"}};
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(Written(value), text);
+    for (const char* text : {"0", "1", "-20", ".375", "-.375", ".1", "1.5", "123.456", "9999999", "1.25E-05",
+                             ".055", "1E+20", "-3.4028235E+38", "1E-45", "-0"})
+        EXPECT_EQ(Written(std::strtof(text, nullptr)), text);
+    EXPECT_EQ(Written(std::numeric_limits<float>::infinity()) + Written(std::nanf("")), "00");
 }
 
 TEST(Text, EveryBitPatternComesBack) {
@@ -46,28 +44,25 @@ TEST(Text, EveryBitPatternComesBack) {
             continue;
         const std::string text = Written(value);
         ASSERT_LT(text.size(), LongestSingle);
-        ASSERT_EQ(std::bit_cast<std::uint32_t>(ParseSingle(text)), std::bit_cast<std::uint32_t>(value)) << text;
+        ASSERT_EQ(std::bit_cast<std::uint32_t>(ParseSingle(text)), std::bit_cast<std::uint32_t>(value))
+            << text;
     }
-    EXPECT_TRUE(std::signbit(ParseSingle(Written(-0.0F))));
 }
 
-TEST(Text, NumbersAreReadInEveryUsualForm) {
-    const struct {
-        const char* Text;
-        float Value;
-    } cases[] = {{".375", 0.375F}, {"0.375", 0.375F}, {"-.5", -0.5F}, {"+1.5", 1.5F}, {" \t12\r", 12},
-                 {"1.234567E-02", 0.01234567F}, {"1e3", 1000}, {"1E+3", 1000}, {"5.", 5}, {"007", 7},
-                 {"16777217", 16777216}, {"0.1000000014901161193847656251", 0.1F}, {"1e-60", 0},
-                 {"1e-5000", 0}, {"1e-40", 1e-40F}, {"3.4028235e38", 3.4028235e38F}};
-    for (const auto& [text, value] : cases)
-        EXPECT_EQ(ParseSingle(text), value) << text;
+TEST(Text, NumbersAreReadAsTheCLibraryReadsThem) {
+    for (const char* text :
+         {".375", "0.375", "-.5", "+1.5", " \t12\r", "1.234567E-02", "1e3", "1E+3", "5.", "007", "16777217",
+          "0.1000000014901161193847656251", "1e-60", "1e-5000", "1e-40", "3.4028235e38"})
+        EXPECT_EQ(ParseSingle(text), std::strtof(text, nullptr)) << text;
 }
 
 TEST(Text, WhatIsNoNumberIsRefused) {
-    for (const char* text : {"", " ", "inf", "nan", "-inf", "INFINITY", "-nan(1)", "abc", "1x", "1 2", "1,5", "+",
-                             "-", ".", "+-1", "-+1", "--1", "++1", "e5", "1e", "0x10", "\"1\"", "1.2.3"})
+    for (const char* text :
+         {"",  " ", "inf", "nan", "-inf", "INFINITY", "-nan(1)", "abc", "1x",   "1 2",   "1,5",  "+",
+          "-", ".", "+-1", "-+1", "--1",  "++1",      "e5",      "1e",  "0x10", "\"1\"", "1.2.3"})
         EXPECT_EQ(FailureOf(text), 13) << text;
-    for (const char* text : {"1e39", "-1e39", "3.5e38", "1e5000", "999999999999999999999999999999999999999999"})
+    for (const char* text :
+         {"1e39", "-1e39", "3.5e38", "1e5000", "999999999999999999999999999999999999999999"})
         EXPECT_EQ(FailureOf(text), 6) << text;
 }
 

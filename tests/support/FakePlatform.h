@@ -66,7 +66,7 @@ private:
             WhileOpen();
         if (Answers.empty())
             return std::nullopt;
-        const auto answer = Answers.front();
+        auto answer = Answers.front();
         Answers.pop_front();
         return answer;
     }

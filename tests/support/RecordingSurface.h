@@ -33,7 +33,7 @@ public:
     std::vector<Text> Texts;
     std::vector<Segment> Segments;
     std::vector<Trace> Traces;
-    std::string Calls;            ///< each call that is no drawing, by its first letter: C(lear) R(efresh) ...
+    std::string Calls; ///< each call that is no drawing, by its first letter: C(lear) R(efresh) ...
     std::function<void()> OnWipe; ///< runs when a new picture begins
 
     void Forget() {

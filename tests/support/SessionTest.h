@@ -19,7 +19,7 @@ protected:
     FakeTimers Timers{Outside.Time};
 };
 
-/// What SessionTest does before each test, for the test of that.
+/// What SessionTest does before each test; within one it starts the program anew.
 void PutEverythingBack();
 
 } // namespace pulselark

@@ -1,8 +1,10 @@
 #include "platform/qt/QtSurface.h"
 
 #include "platform/qt/QtColour.h"
+#include "platform/qt/QtFonts.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -21,6 +23,9 @@ QString Text(std::string_view text) {
 constexpr std::array<QPointF, 9> Directions{
     {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0, 0}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
 
+constexpr int LineSpace = 1;  // between lines of text, px
+constexpr int LargeText = 19; // px
+
 std::size_t LinesSideBySide(double reach) {
     if (reach < 0.05)
         return 1;
@@ -32,7 +37,7 @@ std::size_t LinesSideBySide(double reach) {
 } // namespace
 
 QFont PanelFont(std::string_view name, int size, bool bold) {
-    QFont font(QStringList{"Roboto", "Noto Sans", "Noto Sans CJK JP", "DejaVu Sans"});
+    QFont font(FontFamilies());
     if (size >= 14) {
         font.setPixelSize(19);
         font.setWeight(QFont::Bold);
@@ -114,7 +119,7 @@ double QtSurface::TextWidth(std::string_view text) const {
 }
 
 double QtSurface::TextHeight(std::string_view /*text*/) const {
-    return QFontMetricsF(font_).height();
+    return font_.pixelSize() + LineSpace;
 }
 
 void QtSurface::SetFont(std::string_view name, int size, bool bold) {
@@ -145,6 +150,8 @@ void QtSurface::Line(double x1, double y1, double x2, double y2, Colour colour) 
         return;
     if (x1 == x2 || y1 == y2) {
         GridLine(x1, y1, x2, y2, colour);
+        if (colour == outlineColour_)
+            outlineBase_ = height_ - std::min(y1, y2);
         return;
     }
     const std::array<PanelPoint, 2> ends{{{x1, y1}, {x2, y2}}};
@@ -168,6 +175,11 @@ void QtSurface::Curve(std::span<const PanelPoint> points, Colour colour) {
         painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
+    outline_.resize(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        outline_[i] = {points[i].X, height_ - points[i].Y};
+    outlineColour_ = colour;
+    outlineBase_ = 0;
 }
 
 void QtSurface::FilledBox(double x1, double y1, double x2, double y2) {
@@ -189,14 +201,46 @@ void QtSurface::Print(double x, double y, std::string_view text) {
         return;
     QPainter& painter = Painter();
     painter.setFont(font_);
-    painter.setPen(ToQColor(Ink(foreColour_)));
+    // The figures stand in the middle of their line's height.
+    const QFontMetricsF metrics(font_);
     const QPointF corner = ToDevice(x, y);
-    painter.drawText(QPointF(corner.x(), corner.y() + QFontMetricsF(font_).ascent()), Text(text));
+    const QPointF base(corner.x(), corner.y() + (TextHeight(text) + metrics.capHeight()) / 2);
+    const QColor ink = ToQColor(Ink(foreColour_));
+    if (font_.pixelSize() < LargeText) {
+        painter.setPen(ink);
+        painter.drawText(base, Text(text));
+        return;
+    }
+    // Large text stands over curves: a rim in the colour of the background keeps them off.
+    QPainterPath letters;
+    letters.addText(base, font_, Text(text));
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    const Colour rim = backdrop_.empty() ? 0 : backdrop_[backdrop_.size() / 2];
+    painter.strokePath(letters, QPen(ToQColor(rim), 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(letters, ink);
+    painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void QtSurface::FloodFill(int x, int y, Colour borderColour) {
-    if (Empty())
-        return;
+    if (!Empty() && !FillOutline(borderColour))
+        FillPixels(x, y, borderColour);
+}
+
+bool QtSurface::FillOutline(Colour borderColour) {
+    if (outline_.size() < 2 || borderColour != outlineColour_ || outlineBase_ <= 0)
+        return false;
+    outline_.emplace_back(outline_.back().x(), outlineBase_);
+    outline_.emplace_back(outline_.front().x(), outlineBase_);
+    QPainter& painter = Painter();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQColor(fillColour_));
+    painter.drawPolygon(outline_.data(), static_cast<int>(outline_.size()));
+    painter.setBrush(Qt::NoBrush);
+    outline_.clear();
+    return true;
+}
+
+void QtSurface::FillPixels(int x, int y, Colour borderColour) {
     EndPainting();
     const int startX = static_cast<int>(x * density_);
     const int startY = static_cast<int>(y * density_);

@@ -20,8 +20,10 @@ QFont PanelFont(std::string_view name, int size, bool bold);
 /// A surface on a picture in memory, sharp at any density of the screen. The owner gives it its size and
 /// shows its picture; `OnDrawn` is called when a drawing has begun to change it.
 ///
-/// Straight grid lines lie on whole device pixels; curves are antialiased; text follows the ink rule against
-/// the stored picture, while lines keep their exact colours.
+/// A fill whose border is the curve drawn last, closed by lines of its colour, fills exactly the area under
+/// that curve, since antialiased curves leave no border to run against; any other fill goes from pixel to
+/// pixel. Straight grid lines lie on whole device pixels; curves are antialiased; text follows the ink rule
+/// against the stored picture, while lines keep their exact colours.
 class QtSurface final : public Surface {
 public:
     std::function<void()> OnDrawn;
@@ -61,6 +63,8 @@ private:
     void GridLine(double x1, double y1, double x2, double y2, Colour colour);
     Colour Ink(Colour colour);
     void NoteBackdrop(const Image& image);
+    bool FillOutline(Colour borderColour);
+    void FillPixels(int x, int y, Colour borderColour);
 
     int width_ = 0;
     int height_ = 0;
@@ -76,6 +80,11 @@ private:
     std::vector<Colour> backdrop_;
     std::map<Colour, Colour> inks_;
     std::vector<QPointF> points_; // kept between curves, so that drawing one allocates nothing
+    // The curve drawn last, in device coordinates, and its closing lines: what a fill with its colour as
+    // border fills.
+    std::vector<QPointF> outline_;
+    Colour outlineColour_ = 0;
+    double outlineBase_ = 0;
 };
 
 } // namespace pulselark

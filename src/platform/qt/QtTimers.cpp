@@ -1,13 +1,12 @@
 #include "platform/qt/QtTimers.h"
 
-#include "session/MainControls.h"
-
 #include <utility>
 
 namespace pulselark {
 
-QtTimers::QtTimers(std::function<void()> afterTick) : afterTick_(std::move(afterTick)) {
-    for (Timer* timer : SessionTimers()) {
+QtTimers::QtTimers(std::span<Timer* const> timers, std::function<void()> afterTick)
+    : afterTick_(std::move(afterTick)) {
+    for (Timer* timer : timers) {
         auto clockwork = std::make_unique<QTimer>();
         clockwork->setTimerType(Qt::PreciseTimer);
         QObject::connect(clockwork.get(), &QTimer::timeout, clockwork.get(), [this, timer] {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace pulselark {
@@ -14,8 +15,8 @@ namespace pulselark {
 /// been set in them.
 class QtTimers {
 public:
-    /// `afterTick` is called after each handler.
-    explicit QtTimers(std::function<void()> afterTick);
+    /// The timers to run, which must outlive this; `afterTick` is called after each handler.
+    QtTimers(std::span<Timer* const> timers, std::function<void()> afterTick);
 
     /// Starts and stops what has changed since the last call.
     void Sync();

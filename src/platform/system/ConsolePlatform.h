@@ -20,9 +20,7 @@ public:
                                                 const std::string& /*filter*/) override {
         return std::nullopt;
     }
-    int Show(const std::string& /*text*/, int buttons) override {
-        return (buttons & ButtonCancel) != 0 ? ButtonCancel : (buttons & ButtonNo) != 0 ? ButtonNo : ButtonOK;
-    }
+    int Show(const std::string& /*text*/, int buttons) override { return MostCarefulButton(buttons); }
     void Yield() override {}
     void Show(const std::string& /*caption*/) override {}
     void Draw(double /*percent*/) override {}

@@ -105,16 +105,76 @@ mode_t RightsOf(const std::string& name) {
     return 0666U & ~mask;
 }
 
-int WriteFlushed(const std::string& temporary, int number, mode_t rights, const std::string& bytes) {
+int WriteFlushed(int file, mode_t rights, const std::string& bytes) {
+    if (const int error = WriteAll(file, bytes); error != 0)
+        return error;
+    // A file system without rights of its own keeps what it gives.
+    static_cast<void>(::fchmod(file, rights));
+    return ::fsync(file) == 0 ? 0 : errno;
+}
+
+// A name beside the target that is not taken; short, so that it fits wherever the target's own name does.
+std::string TemporaryName(const std::string& folder) {
+    return folder + "/.pulselark.XXXXXX";
+}
+
+// Gives a file without a name the target's. Only between the two calls can a killed program leave anything
+// behind.
+int NameAs(int file, const std::string& folder, const std::string& target) {
+    const std::string self = "/proc/self/fd/" + std::to_string(file);
+    std::string name = TemporaryName(folder);
+    const Descriptor taken(::mkostemp(name.data(), O_CLOEXEC)); // a free name
+    if (taken.Number() < 0)
+        return errno;
+    ::unlink(name.c_str());
+    if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        return errno;
+    if (::rename(name.c_str(), target.c_str()) == 0)
+        return 0;
+    const int error = errno;
+    ::unlink(name.c_str());
+    return error;
+}
+
+int ReplaceByUnnamed(int number, const std::string& folder, const std::string& target, mode_t rights,
+                     const std::string& bytes) {
     Descriptor file(number);
-    int error = WriteAll(file.Number(), bytes);
-    if (error == 0 && (::fchmod(file.Number(), rights) != 0 || ::fsync(file.Number()) != 0))
-        error = errno;
+    if (const int error = WriteFlushed(file.Number(), rights, bytes); error != 0)
+        return error;
+    return NameAs(file.Number(), folder, target);
+}
+
+// For file systems that know no file without a name.
+int ReplaceByNamed(const std::string& folder, const std::string& target, mode_t rights,
+                   const std::string& bytes) {
+    std::string name = TemporaryName(folder);
+    Descriptor file(::mkostemp(name.data(), O_CLOEXEC));
+    if (file.Number() < 0)
+        return errno;
+    int error = WriteFlushed(file.Number(), rights, bytes);
     if (file.Close() != 0 && error == 0)
         error = errno;
+    if (error == 0 && ::rename(name.c_str(), target.c_str()) != 0)
+        error = errno;
     if (error != 0)
-        ::unlink(temporary.c_str());
+        ::unlink(name.c_str());
     return error;
+}
+
+// The file that a name stands for in the end: links are followed, one that leads nowhere to the place it
+// names. Returns the error of a chain of links without an end.
+int FollowLinks(std::filesystem::path& target) {
+    constexpr int LongestChain = 40;
+    std::error_code error;
+    for (int i = 0; std::filesystem::is_symlink(target, error); ++i) {
+        if (i == LongestChain)
+            return ELOOP;
+        const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+        if (error)
+            return error.value();
+        target = next.is_absolute() ? next : target.parent_path() / next;
+    }
+    return 0;
 }
 
 // The new name itself must reach the disk, too. A file system that cannot flush a folder has done what it
@@ -134,10 +194,11 @@ Integer SystemFiles::ReadWhole(const std::string& name, std::string& bytes) {
     // Not blocking, so that a pipe without a writer cannot hold the program.
     const Descriptor file(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.Number() < 0) {
+        const int failed = errno;
         const auto folder = std::filesystem::path(name).parent_path();
         std::error_code error;
         const bool folderThere = folder.empty() || std::filesystem::is_directory(folder, error);
-        return NumberOf(errno, folderThere ? FailureFileNotFound : FailurePathNotFound);
+        return NumberOf(failed, folderThere ? FailureFileNotFound : FailurePathNotFound);
     }
     struct stat status {};
     if (::fstat(file.Number(), &status) != 0)
@@ -156,29 +217,26 @@ Integer SystemFiles::ReadWhole(const std::string& name, std::string& bytes) {
 }
 
 Integer SystemFiles::ReplaceWhole(const std::string& name, const std::string& bytes) {
-    if (name.empty())
+    if (name.empty() || name.back() == '/')
         return FailureBadFileName;
-    // A link is followed, so that the file it names is replaced and not the link.
-    std::error_code error;
-    std::filesystem::path target = std::filesystem::weakly_canonical(name, error);
-    if (error)
-        target = name;
+    std::filesystem::path target = name;
+    if (const int error = FollowLinks(target); error != 0)
+        return NumberOf(error, FailurePathNotFound);
     struct stat old {};
-    if (::stat(target.c_str(), &old) == 0 && !S_ISREG(old.st_mode))
-        return FailurePathFileAccess;
+    if (::stat(target.c_str(), &old) == 0) {
+        if (!S_ISREG(old.st_mode))
+            return FailurePathFileAccess;
+        // A file that is write-protected stays as it is, though its folder would let it be replaced.
+        if (::access(target.c_str(), W_OK) != 0)
+            return NumberOf(errno, FailurePathNotFound);
+    }
     const mode_t rights = RightsOf(target);
     const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
-    std::string temporary = folder + "/." + target.filename().string() + ".XXXXXX";
-    const int number = ::mkostemp(temporary.data(), O_CLOEXEC);
-    if (number < 0)
-        return NumberOf(errno, FailurePathNotFound);
-    if (const int failed = WriteFlushed(temporary, number, rights, bytes); failed != 0)
-        return NumberOf(failed, FailurePathNotFound);
-    if (::rename(temporary.c_str(), target.c_str()) != 0) {
-        const int failed = errno;
-        ::unlink(temporary.c_str());
-        return NumberOf(failed, FailurePathNotFound);
-    }
+    const int unnamed = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    const int error = unnamed >= 0 ? ReplaceByUnnamed(unnamed, folder, target, rights, bytes)
+                                   : ReplaceByNamed(folder, target, rights, bytes);
+    if (error != 0)
+        return NumberOf(error, FailurePathNotFound);
     FlushFolder(folder);
     return 0;
 }

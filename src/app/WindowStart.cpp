@@ -1,0 +1,39 @@
+#include "app/WindowStart.h"
+
+#include "app/Commands.h"
+#include "platform/Platform.h"
+#include "platform/ProgramFolder.h"
+#include "platform/system/FindProgramFolder.h"
+#include "session/StartUp.h"
+#include "workspace/Look.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QWidget>
+
+namespace pulselark {
+
+void StartToolkit() {
+    QApplication::setApplicationName("PulseLark");
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setFont(TextFont(13));
+    qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; padding: 4px 8px; }");
+}
+
+void StartCore() {
+    SetProgramFolder(FindProgramFolder());
+    InitApplication();
+}
+
+int SavePicture(QWidget& window, const std::string& name) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    window.grab().save(&buffer, "PNG");
+    const Integer failure = ThePlatform().Files.ReplaceWhole(name, bytes.toStdString());
+    return failure == 0 ? ExitSuccess : ComplainOfFile(name, failure, 0);
+}
+
+} // namespace pulselark

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+/// The first steps of a program with a window, whichever command it runs.
+namespace pulselark {
+
+/// Style, fonts and tool tips of the application; after the application object has been made.
+void StartToolkit();
+
+/// Folders, texts and start values; after the platform has been installed.
+void StartCore();
+
+/// Saves what a window shows. Returns the exit code; a failure has been told.
+int SavePicture(QWidget& window, const std::string& name);
+
+} // namespace pulselark

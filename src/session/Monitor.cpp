@@ -1,0 +1,7 @@
+#include "session/Monitor.h"
+
+namespace pulselark {
+
+void CloseMonitor() {}
+
+} // namespace pulselark

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace pulselark {
+
+/// Closes the ECG monitor. There is no monitor yet, so nothing is open.
+void CloseMonitor();
+
+} // namespace pulselark

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace pulselark {
+
+/// Gives the session's timers their handlers. Those of a live recording and of the start-up's own stages come
+/// with them.
+void InstallTimerHandlers();
+
+} // namespace pulselark

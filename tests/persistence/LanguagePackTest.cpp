@@ -1,0 +1,88 @@
+#include "persistence/LanguagePack.h"
+
+#include "platform/ProgramFolder.h"
+#include "platform/system/SystemFiles.h"
+#include "session/LanguageTable.h"
+#include "support/SessionTest.h"
+
+namespace pulselark {
+namespace {
+
+class LanguagePack : public SessionTest {
+protected:
+    static constexpr const char* Name = "config/langpack.oml";
+    static constexpr int Markers[] = {1, 14, 29, 80, 90, 110, 115, 125, 160, 180, 250, 300};
+
+    std::string& Pack() { return Outside.Disk.Content[Name]; }
+};
+
+TEST_F(LanguagePack, ATableComesBackWithItsMarkers) {
+    for (int language = 0; language < 31; ++language)
+        for (int item = 0; item < 501; ++item)
+            LanguageTable(language, item) = std::to_string(language) + " ♥, " + std::to_string(item);
+    EXPECT_EQ(SaveLanguagePack(), 0);
+    EXPECT_EQ(std::count(Pack().begin(), Pack().end(), '\n'), 10 + 31 * 501);
+    EXPECT_TRUE(Pack().starts_with("\"PulseLark Language pack\"\r\n"));
+    LanguageTable.Clear();
+    LoadLanguagePack();
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
+    for (int language = 0; language < 31; ++language)
+        for (int item = 0; item < 501; ++item) {
+            if (std::find(std::begin(Markers), std::end(Markers), item) == std::end(Markers)) {
+                ASSERT_EQ(LanguageTable(language, item),
+                          std::to_string(language) + " ♥, " + std::to_string(item));
+            }
+        }
+    EXPECT_EQ(LanguageTable(0, 1), "LANGUAGE0 - English");
+    EXPECT_EQ(LanguageTable(17, 1), "LANGUAGE17 - not used");
+    EXPECT_EQ(LanguageTable(30, 14), "--- FILE MENU [ITEM #14] ---");
+    EXPECT_EQ(LanguageTable(5, 160), "--- MESSAGES [ITEM #160] ---");
+    EXPECT_EQ(LanguageTable(5, 300), "--- REPORT [ITEM #300] ---");
+    Outside.Disk.WriteFailure = 70;
+    EXPECT_EQ(SaveLanguagePack(), 70);
+}
+
+TEST_F(LanguagePack, AMissingOrShortPackIsToldOnce) {
+    const std::vector<FakeMessages::Message> told{{"Error while reading language file", ButtonOK}};
+    LoadLanguagePack();
+    EXPECT_EQ(Outside.Boxes.Shown, told);
+    EXPECT_EQ(LanguageText(132), "<132>"); // the table stays
+    SetProgramFolder("home");
+    const std::string whole = LanguagePackText();
+    Outside.Boxes.Shown.clear();
+    Outside.Disk.Content["home/config/langpack.oml"] = whole.substr(0, whole.find("<200>") + 3);
+    LanguageTable.Clear();
+    LoadLanguagePack();
+    EXPECT_EQ(Outside.Boxes.Shown, told);
+    EXPECT_EQ(LanguageTable(0, 199), "<199>"); // what was read stays
+    EXPECT_EQ(LanguageTable(0, 201), "");
+    EXPECT_EQ(ReadLanguageText("").Line, 1);
+    EXPECT_EQ(ReadLanguageText(whole.substr(0, whole.size() - 6)).Number, 62);
+}
+
+TEST_F(LanguagePack, AnEmptyTextFallsBackToEnglish) {
+    LanguageIndex = 1;
+    LanguageTable(1, 16) = "sixteen";
+    EXPECT_EQ(LanguageText(16), "sixteen");
+    EXPECT_EQ(LanguageText(17), "<17>");
+    EXPECT_THROW(LanguageTable(31, 0), Failure);
+    EXPECT_THROW(LanguageTable(0, 501), Failure);
+}
+
+// The pack that ships is what the program itself would write, and has every text that the session shows.
+TEST_F(LanguagePack, TheShippedPackIsComplete) {
+    std::string shipped;
+    ASSERT_EQ(SystemFiles().ReadWhole(PULSELARK_SOURCE "/config/langpack.oml", shipped), 0);
+    LanguageTable.Clear();
+    ASSERT_EQ(ReadLanguageText(shipped).Number, 0);
+    EXPECT_TRUE(LanguagePackText() == shipped);
+    for (const int item : {126, 128, 129, 132, 135, 136, 137, 138, 139, 148, 152, 153, 154,
+                           155, 156, 162, 163, 173, 174, 175, 176, 253, 273, 356, 357})
+        EXPECT_NE(LanguageTable(0, item), "") << item;
+    for (int item = 280; item <= 292; ++item)
+        EXPECT_NE(LanguageTable(0, item), "") << item;
+    EXPECT_EQ(LanguageTable(0, 356) + "13" + LanguageTable(0, 357), "Biofeedback starts after 13 seconds");
+}
+
+} // namespace
+} // namespace pulselark
