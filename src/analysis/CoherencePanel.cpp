@@ -141,6 +141,8 @@ void DrawCoherence(const CoherenceView& view) {
     SetPanelFont(panel);
     DrawTimeAxis(panel, view);
     DrawPercentAxis(panel, view.Caption);
+    if (RecordedSeconds < 1)
+        return; // nothing is recorded and no session is open
     DrawCurves(panel, view);
     if (ShowBpmCoherence != Off)
         PrintPeakRate(panel, view);

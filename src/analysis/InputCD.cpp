@@ -118,7 +118,8 @@ void DrawEcg(const EcgChannel& channel, Surface& target, Long second) {
     DrawLevels(target, target.Height() / 2, target.Height() / 2 / EcgFullScale);
     DrawTimes(target, second);
     DrawCaption(target, channel.CaptionText, timeWidth);
-    DrawTrace(target, channel.Ecg, second, timeWidth);
+    if (SessionSeconds > 0 || SessionRunning != Off)
+        DrawTrace(target, channel.Ecg, second, timeWidth);
     SetPanelFont(target);
     if (onPanel)
         target.SetPersistent(true);

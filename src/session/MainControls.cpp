@@ -4,7 +4,7 @@
 
 namespace pulselark {
 
-Label labStatus, labPTime, labBFStart, labHRVNoDataA, labHRVNoDataB, labDryTesting;
+Label labStatus, labPTime, labBFStart, labHRVNoDataA, labHRVNoDataB, labDryTesting, labNoSession;
 Label labChannelMode, labLoading;
 CaptionLabel labBPMA, labBPMB, labLeftS, labRightS, labLeftGC, labRightGC, labLeftHRV, labRightHRV;
 std::array<CaptionLabel, 3> labLeftHis, labRightHis;
@@ -40,7 +40,7 @@ std::span<Timer* const> SessionTimers() {
 
 void ResetMainControls() {
     for (Label* label : {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting,
-                         &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
+                         &labNoSession, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
     for (CaptionLabel* label :
          {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,

@@ -19,6 +19,7 @@ extern CaptionLabel labLeftHRV, labRightHRV; ///< captions of the HRV panels
 /// Captions of the history panels: coherence, a bar between, heart rate.
 extern std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 extern Label labHRVNoDataA, labHRVNoDataB; ///< how long the HRV panels still wait for data
+extern Label labNoSession;                 ///< that no session is open, on the panels
 extern Label labDryTesting;                ///< that sessions run without a monitor
 extern Label labChannelMode;               ///< the channel mode in words (the settings' channel action)
 extern std::array<Label, 2> labQSMenu;     ///< 0 the quick scan's button, 1 the print button

@@ -5,7 +5,9 @@
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
 #include "analysis/SpectrumPanel.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
+#include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
 #include "session/SessionTick.h"
 
@@ -21,6 +23,8 @@ void RedrawAllPanels() {
 void OpenAllPanels(bool force) {
     if (SessionRunning != Off && LockScreens != Off && !force)
         return;
+    labNoSession.Caption = LanguageText(TextNoSession);
+    labNoSession.Visible = SessionSeconds < 1 && SessionRunning == Off && LoadingSession == Off;
     OpenEcgPanel(true);
     OpenSpectrumPanel(true);
     OpenCoherencePanel(true);

@@ -278,6 +278,7 @@ enum TextNumber : int {
     TextChooseSceneryThere = 272,
     TextLine = 273, // a line of a file, before its number
     TextOpenFailedHalfway = 274,
+    TextNoSession = 275,
 
     // What a failure number means, in words.
     TextFailureOverflow = 280,

@@ -48,6 +48,19 @@ AnalysisPanels::AnalysisPanels(QWidget* window, std::function<void(const std::fu
     BuildHrv();
 }
 
+void AnalysisPanels::Activate(const QWidget* panel) {
+    for (ModuleFrame* module : modules_)
+        module->SetActive(panel->parentWidget() == module);
+    window_->update(); // the shadows are the desk's
+}
+
+std::vector<AnalysisPanels::Shadow> AnalysisPanels::Shadows() const {
+    std::vector<Shadow> shadows;
+    for (const ModuleFrame* module : modules_)
+        shadows.push_back({module->geometry(), module->Active()});
+    return shadows;
+}
+
 AnalysisPanels::~AnalysisPanels() {
     ResetPanelSurfaces();
 }
@@ -62,6 +75,7 @@ void AnalysisPanels::BuildEcg() {
     ecg_ = {AddPanel(EcgModule, "picIA", true), AddPanel(EcgModule, "picIB", true)};
     ecg_[0]->setAccessibleName(Text(TextEcgA));
     ecg_[1]->setAccessibleName(Text(TextEcgB));
+    ecg_[0]->SetNotice(&labNoSession);
     modules_[EcgModule]->SetPanels(ecg_[0], ecg_[1]);
     picIA = &ecg_[0]->Surface();
     picIAP = &ecg_[0]->Twin();
@@ -79,6 +93,7 @@ void AnalysisPanels::BuildSpectrum() {
     a->setAccessibleName(Text(TextSpectrumA));
     b->setAccessibleName(Text(TextSpectrumB));
     a->SetCaptions({&labLeftS});
+    a->SetNotice(&labNoSession);
     b->SetCaptions({&labRightS});
     modules_[SpectrumModule]->SetPanels(a, b);
     picSA = &a->Surface();
@@ -96,6 +111,7 @@ void AnalysisPanels::BuildCoherence() {
     a->setAccessibleName(Text(TextCoherenceA));
     b->setAccessibleName(Text(TextCoherenceB));
     a->SetCaptions({&labLeftGC});
+    a->SetNotice(&labNoSession);
     b->SetCaptions({&labRightGC});
     modules_[CoherenceModule]->SetPanels(a, b);
     picGCA = &a->Surface();
@@ -110,6 +126,7 @@ void AnalysisPanels::BuildHistory() {
     a->setAccessibleName(Text(TextModuleHistory) + " A");
     b->setAccessibleName(Text(TextModuleHistory) + " B");
     a->SetCaptions(HistoryCaptions(labLeftHis, labBPMA));
+    a->SetNotice(&labNoSession);
     b->SetCaptions(HistoryCaptions(labRightHis, labBPMB));
     modules_[HistoryModule]->SetPanels(a, b);
     picHisA = &a->Surface();
@@ -151,6 +168,7 @@ void AnalysisPanels::ConnectSeek(PanelView* panel) {
     });
     connect(panel, &PanelView::Pressed, this, [this, panel](double x, double y) {
         drag_ = Drag::Seek;
+        Activate(panel);
         run_([&] {
             PressEcgPanel();
             SeekByEcgPanel(0, x, y, panel->width(), panel->height());
@@ -171,8 +189,9 @@ void AnalysisPanels::ConnectScale(PanelView* panel, std::function<void(int, doub
         else
             run_([&] { drag(1, x, y); });
     });
-    connect(panel, &PanelView::Pressed, this, [this, drag](double x, double y) {
+    connect(panel, &PanelView::Pressed, this, [this, panel, drag](double x, double y) {
         drag_ = Drag::Scale;
+        Activate(panel);
         BeginScaleDrag();
         drag(0, x, y);
     });

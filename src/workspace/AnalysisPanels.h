@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 
 #include <array>
 #include <functional>
@@ -25,6 +26,13 @@ public:
     void LayOut(const QRect& desk, int gap, int titleHeight);
     void Mirror();
 
+    /// Where the desk throws a shadow for a module; a deeper one for the module that is worked in.
+    struct Shadow {
+        QRect Place;
+        bool Active;
+    };
+    std::vector<Shadow> Shadows() const;
+
     /// Escape: a drag that goes on is undone. Returns whether there was one.
     bool CancelDrag();
 
@@ -41,6 +49,7 @@ private:
     void ConnectScale(PanelView* panel, std::function<void(int button, double x, double y)> drag);
     void ShowSeekCursor();
     void Release();
+    void Activate(const QWidget* panel);
 
     QWidget* window_;
     std::function<void(const std::function<void()>&)> run_;

@@ -57,6 +57,11 @@ void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
     update();
 }
 
+void ModuleFrame::SetActive(bool active) {
+    active_ = active;
+    update();
+}
+
 void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
     const SchemeLook& look = CurrentLook();
     QPainter painter(this);
@@ -79,7 +84,7 @@ void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
         if (panel != nullptr && panel->isVisibleTo(this))
             PaintWell(painter, panel->geometry());
     }
-    painter.setPen(look.Border);
+    painter.setPen(active_ ? look.BorderActive : look.Border);
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(outline);
 }

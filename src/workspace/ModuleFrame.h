@@ -25,6 +25,10 @@ public:
     /// Places of the two panels for the module's present size.
     void LayOut(int titleHeight, bool channelBPresent);
 
+    /// The module that is worked in has a brighter border.
+    void SetActive(bool active);
+    bool Active() const { return active_; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -32,6 +36,7 @@ private:
     Icon icon_;
     QString title_;
     int titleHeight_ = 28;
+    bool active_ = false;
     PanelView* panelA_ = nullptr;
     PanelView* panelB_ = nullptr;
 };

@@ -38,6 +38,25 @@ QString DraggedSession(const QMimeData* data) {
     return name.endsWith(".hti", Qt::CaseInsensitive) ? name : QString();
 }
 
+struct ShadowKind {
+    int Drop;
+    int Blur;
+    double Strength;
+};
+constexpr ShadowKind FlatShadow{2, 8, 0.22};
+constexpr ShadowKind DeepShadow{8, 24, 0.36};
+
+// Rings of black that fade out over the blur.
+void PaintShadow(QPainter& painter, const QRect& place, const ShadowKind& kind) {
+    painter.setPen(Qt::NoPen);
+    const double ring = kind.Strength * 2 / kind.Blur;
+    for (int reach = kind.Blur / 2; reach > -kind.Blur / 2; --reach) {
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(ring * 0.5)));
+        const QRectF plate = QRectF(place).adjusted(-reach, -reach + kind.Drop, reach, reach + kind.Drop);
+        painter.drawRoundedRect(plate, 8 + reach, 8 + reach);
+    }
+}
+
 } // namespace
 
 frmMain::frmMain(WindowPlatform& platform)
@@ -143,6 +162,9 @@ void frmMain::resizeEvent(QResizeEvent* /*event*/) {
 void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), CurrentLook().Desk);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const auto& [place, active] : panels_->Shadows())
+        PaintShadow(painter, place, active ? DeepShadow : FlatShadow);
 }
 
 void frmMain::keyPressEvent(QKeyEvent* event) {

@@ -20,18 +20,23 @@ QString Text(std::string_view text) {
 
 // A pen wider than one device pixel costs many times a narrow one; the same width is had from a few narrow
 // lines side by side. `reach` is how far the outermost of them lie from the middle, in device pixels.
-constexpr std::array<QPointF, 9> Directions{
-    {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0, 0}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
+constexpr std::array<QPointF, 1> OneLine{{{0, 0}}};
+constexpr std::array<QPointF, 3> Triangle{{{0, 1.1}, {-0.95, -0.55}, {0.95, -0.55}}};
+constexpr std::array<QPointF, 5> Cross{{{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
+constexpr std::array<QPointF, 9> Disc{
+    {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
 
 constexpr int LineSpace = 1;  // between lines of text, px
 constexpr int LargeText = 19; // px
 
-std::size_t LinesSideBySide(double reach) {
+std::span<const QPointF> LinesSideBySide(double reach) {
     if (reach < 0.05)
-        return 1;
+        return OneLine;
     if (reach < 0.75)
-        return 4;
-    return reach < 1.25 ? 5 : Directions.size();
+        return Triangle;
+    if (reach < 1.25)
+        return Cross;
+    return Disc;
 }
 
 } // namespace
@@ -135,10 +140,14 @@ void QtSurface::GridLine(double x1, double y1, double x2, double y2, Colour colo
     const QPointF b = ToDevice(std::max(x1, x2), std::min(y1, y2));
     const bool vertical = x1 == x2;
     QRect line(QPoint(device(a.x()), device(a.y())), QPoint(device(b.x()), device(b.y())));
-    if (vertical)
+    // A thick line lies half on either side, so that the baseline does not cut the labels below it.
+    if (vertical) {
+        line.moveLeft(line.left() - thickness / 2);
         line.setWidth(thickness);
-    else
+    } else {
+        line.moveTop(line.top() - thickness / 2);
         line.setHeight(thickness);
+    }
     QPainter& painter = Painter();
     painter.fillRect(
         QRectF(line.x() / density_, line.y() / density_, line.width() / density_, line.height() / density_),
@@ -168,8 +177,8 @@ void QtSurface::Curve(std::span<const PanelPoint> points, Colour colour) {
     painter.setPen(pen);
     points_.resize(points.size());
     const double reach = std::max(0.0, (drawWidth_ * density_ - 1) / 2);
-    for (std::size_t line = 0; line < LinesSideBySide(reach); ++line) {
-        const QPointF shift = Directions[line] * (reach / density_);
+    for (const QPointF& direction : LinesSideBySide(reach)) {
+        const QPointF shift = direction * (reach / density_);
         for (std::size_t i = 0; i < points.size(); ++i)
             points_[i] = QPointF(points[i].X, height_ - points[i].Y) + shift;
         painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
