@@ -4,7 +4,6 @@
 #include "platform/qt/QtFonts.h"
 
 #include <QFontMetricsF>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <array>
@@ -26,8 +25,9 @@ constexpr std::array<QPointF, 5> Cross{{{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}
 constexpr std::array<QPointF, 9> Disc{
     {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
 
-constexpr int LineSpace = 1;  // between lines of text, px
-constexpr int LargeText = 19; // px
+constexpr int LineSpace = 1;   // between lines of text, px
+constexpr int LargeText = 19;  // px
+constexpr double RimWidth = 2; // around large text, px
 
 std::span<const QPointF> LinesSideBySide(double reach) {
     if (reach < 0.05)
@@ -132,9 +132,8 @@ void QtSurface::SetFont(std::string_view name, int size, bool bold) {
 }
 
 void QtSurface::GridLine(double x1, double y1, double x2, double y2, Colour colour) {
-    // One device pixel, two from one and a half times the plain density on; a line of width 2 takes twice
-    // that.
-    const int thickness = (density_ >= 1.5 ? 2 : 1) * std::max(drawWidth_, 1);
+    // One device pixel, two from twice the plain density on; a line of width 2 takes twice that.
+    const int thickness = (density_ >= 2 ? 2 : 1) * std::max(drawWidth_, 1);
     const auto device = [this](double value) { return static_cast<int>(std::floor(value * density_)); };
     const QPointF a = ToDevice(std::min(x1, x2), std::max(y1, y2));
     const QPointF b = ToDevice(std::max(x1, x2), std::min(y1, y2));
@@ -220,14 +219,14 @@ void QtSurface::Print(double x, double y, std::string_view text) {
         painter.drawText(base, Text(text));
         return;
     }
-    // Large text stands over curves: a rim in the colour of the background keeps them off.
-    QPainterPath letters;
-    letters.addText(base, font_, Text(text));
-    painter.setRenderHint(QPainter::Antialiasing, true);
+    // Large text stands over curves: a rim in the colour of the background, the letters themselves shifted
+    // all around, keeps them off.
     const Colour rim = backdrop_.empty() ? 0 : backdrop_[backdrop_.size() / 2];
-    painter.strokePath(letters, QPen(ToQColor(rim), 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(letters, ink);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(ToQColor(rim));
+    for (const QPointF& direction : Disc)
+        painter.drawText(base + direction * RimWidth, Text(text));
+    painter.setPen(ink);
+    painter.drawText(base, Text(text));
 }
 
 void QtSurface::FloodFill(int x, int y, Colour borderColour) {
