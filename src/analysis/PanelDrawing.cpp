@@ -79,9 +79,12 @@ void TileImage(Surface& surface, const Image& image, TileMode mode) {
         surface.StretchImage(image, 0, 0, width, height);
         return;
     }
-    for (double top = height; top > 0; top -= image.Height) {
-        for (double left = 0; left < width; left += image.Width)
-            surface.StretchImage(image, left, top - image.Height, image.Width, image.Height);
+    const auto tiles = [](double length, int tile) { return static_cast<int>(std::ceil(length / tile)); };
+    for (int row = 1; row <= tiles(height, image.Height); ++row) {
+        for (int column = 0; column < tiles(width, image.Width); ++column) {
+            surface.StretchImage(image, column * image.Width, height - row * image.Height, image.Width,
+                                 image.Height);
+        }
     }
 }
 

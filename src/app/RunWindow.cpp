@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QTimer>
 
 #include <cstdio>
 
@@ -83,10 +82,9 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         return RunFullSpeed(window, options);
     if (!options.File.empty()) {
-        QTimer::singleShot(0, &window, [&] {
-            OpenNamedSessionFromMenu(options.File);
-            window.Mirror();
-        });
+        QCoreApplication::processEvents(); // the window is there before the file is read
+        OpenNamedSessionFromMenu(options.File);
+        window.Mirror();
     }
     return QApplication::exec();
 }

@@ -102,10 +102,15 @@ void frmViewMenu::AddToggle(int text, const char* name, short& value, const std:
     });
 }
 
+QActionGroup* frmViewMenu::NewGroup() {
+    groups_.append(new QActionGroup(this));
+    return groups_.last();
+}
+
 void frmViewMenu::AddColourSets() {
     QMenu* menu = addMenu(Text(TextColourSet));
     menu->setAttribute(Qt::WA_TranslucentBackground);
-    auto* group = new QActionGroup(this);
+    QActionGroup* group = NewGroup();
     for (int scheme = 0; scheme < ColourSchemeCount; ++scheme) {
         QAction* action = menu->addAction(Text(TextSchemeMidnight + scheme));
         action->setObjectName(QString("picStyle%1").arg(scheme));
@@ -123,7 +128,7 @@ void frmViewMenu::AddColourSets() {
 void frmViewMenu::AddHistoryStyles() {
     QMenu* menu = addMenu(Text(TextModuleHistory) + ": " + Text(TextHistoryStyle));
     menu->setAttribute(Qt::WA_TranslucentBackground);
-    auto* group = new QActionGroup(this);
+    QActionGroup* group = NewGroup();
     for (Integer style = 1; style <= HistoryStyleMax; ++style) {
         QAction* action = menu->addAction(QString("%1 %2").arg(Text(TextHistoryStyle)).arg(style));
         action->setObjectName(QString("hsHisStyle%1").arg(style));
@@ -145,7 +150,7 @@ void frmViewMenu::AddAveraging() {
     constexpr std::array<Integer, 8> Seconds{1, 2, 5, 10, 15, 20, 25, 30};
     QMenu* menu = addMenu(Text(TextModuleHistory) + ": " + Text(TextKnobAveraging));
     menu->setAttribute(Qt::WA_TranslucentBackground);
-    auto* group = new QActionGroup(this);
+    QActionGroup* group = NewGroup();
     for (const Integer seconds : Seconds) {
         QAction* action = menu->addAction(QString::number(seconds) + Text(TextSecondsShort));
         action->setObjectName(QString("labHisAv%1").arg(seconds));

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class QActionGroup;
+
 namespace pulselark {
 
 /// The view menu: colour set, solid graphs, history style and averaging, what the panels print. Each choice
@@ -16,6 +18,8 @@ public:
     frmViewMenu(QWidget* parent, std::function<void()> lookChanged, std::function<void()> drawn);
 
 private:
+    /// A group of entries of which one is marked.
+    QActionGroup* NewGroup();
     void AddColourSets();
     void AddHistoryStyles();
     void AddAveraging();
@@ -26,6 +30,7 @@ private:
     std::function<void()> lookChanged_;
     std::function<void()> drawn_;
     QList<std::function<void()>> marks_;
+    QList<QActionGroup*> groups_;
 };
 
 /// The style of a menu in the colours of the scheme in use.
