@@ -135,7 +135,8 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     WindowPlatform platform;
     platform.SetUnattended();
-    InitApplication();
+    InitApplication(false);
+    FinishStartUp();
     const BenchSession session;
     OpenSessionFile(session.FileName());
     timReplay.Enabled = false;

@@ -7,6 +7,7 @@
 #include "session/MainControls.h"
 #include "session/Replay.h"
 #include "session/SessionTick.h"
+#include "session/StartUp.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmMain.h"
 
@@ -111,7 +112,7 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
     StartToolkit();
     WindowPlatform platform;
     platform.SetUnattended();
-    StartCore();
+    StartCore(false);
     ColourSchemeIndex = static_cast<Integer>(options->Scheme);
     SolidGraphs = ToBoolean(options->Filled);
     OpenSessionFile(options->File);
@@ -122,6 +123,7 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
                         ExitFailure);
     ReplayUpTo(options->Second);
 
+    FinishStartUp();
     frmMain window(platform);
     window.resize(options->Width, options->Height);
     window.show();

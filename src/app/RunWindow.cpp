@@ -7,8 +7,12 @@
 #include "platform/ProgramFolder.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
 #include "session/Replay.h"
+#include "session/Settings.h"
+#include "session/StartUp.h"
 #include "workspace/WindowPlatform.h"
+#include "workspace/frmAbout_new.h"
 #include "workspace/frmMain.h"
 
 #include <QApplication>
@@ -63,7 +67,20 @@ void FitToScreen(frmMain& window) {
         return;
     }
     const QSize room = screen->availableSize();
-    window.resize(wanted.boundedTo(room * 0.94));
+    Workspace.ScreenWidth = static_cast<float>(screen->size().width()) * 15;
+    // The size of the last run, which a configuration keeps, if it still fits.
+    const QSize last(static_cast<int>(frmScale.Width / 15), static_cast<int>(frmScale.Height / 15));
+    const bool builtIn = last == QSize(1024, 738); // nobody has chosen it
+    const bool fits = !builtIn && last.width() >= window.minimumWidth() &&
+                      last.height() >= window.minimumHeight() && last.width() <= room.width() &&
+                      last.height() <= room.height();
+    window.resize(fits ? last : wanted.boundedTo(room * 0.94));
+}
+
+// The desktop's wish for no motion, as its toolkits pass it on.
+bool ReducedMotion() {
+    return qEnvironmentVariableIntValue("GTK_ENABLE_ANIMATIONS") == 0 &&
+           qEnvironmentVariableIsSet("GTK_ENABLE_ANIMATIONS");
 }
 
 } // namespace
@@ -74,18 +91,23 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     WindowPlatform platform;
     if (options.FullSpeed)
         platform.SetUnattended();
-    StartCore();
-    frmMain window(platform);
+    StartCore(!options.FullSpeed);
+    frmMain window(platform, options.Version.c_str());
     FitToScreen(window);
-    window.show();
-    window.Mirror();
-    if (options.FullSpeed)
-        return RunFullSpeed(window, options);
-    if (!options.File.empty()) {
-        QCoreApplication::processEvents(); // the window is there before the file is read
-        OpenNamedSessionFromMenu(options.File);
+    if (options.FullSpeed) {
+        FinishStartUp();
+        window.show();
         window.Mirror();
+        return RunFullSpeed(window, options);
     }
+    frmAbout_new splash(nullptr, options.Version.c_str());
+    const bool waits = options.Splash && ShowAboutAtStart != Off;
+    splash.ShowAsSplash({!waits, ReducedMotion()}, [&] {
+        window.show();
+        BeginStartUp(options.Splash);
+        window.Mirror();
+    });
+    window.OpenWhenStarted(options.File);
     return QApplication::exec();
 }
 

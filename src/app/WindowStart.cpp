@@ -22,9 +22,9 @@ void StartToolkit() {
     qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; padding: 4px 8px; }");
 }
 
-void StartCore() {
+void StartCore(bool readSettings) {
     SetProgramFolder(FindProgramFolder());
-    InitApplication();
+    InitApplication(readSettings);
 }
 
 int SavePicture(QWidget& window, const std::string& name) {

@@ -16,9 +16,12 @@ using namespace pulselark;
 
 std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& arguments) {
     WindowOptions options;
+    options.Version = PULSELARK_VERSION;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--full-speed")
             options.FullSpeed = true;
+        else if (arguments[i] == "--no-splash")
+            options.Splash = false;
         else if (arguments[i] == "--picture" && i + 1 < arguments.size())
             options.Picture = arguments[++i];
         else if (!arguments[i].starts_with("-") && options.File.empty())

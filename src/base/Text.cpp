@@ -67,6 +67,28 @@ Real Parse(std::string_view text) {
     return result.ec == std::errc::result_out_of_range ? OutOfRange<Real>(body) : value;
 }
 
+template <class Real>
+char* Write(char* out, char* limit, Real value, Real largestPlainWhole) {
+    if (!std::isfinite(value)) {
+        *out = '0';
+        return out + 1;
+    }
+    const bool negativeZero = value == 0 && std::signbit(value);
+    if (std::fabs(value) <= largestPlainWhole && value == std::trunc(value) && !negativeZero)
+        return std::to_chars(out, limit, static_cast<std::int64_t>(value)).ptr;
+    char* end = std::to_chars(out, limit, value).ptr;
+    char* const zero = *out == '-' ? out + 1 : out;
+    if (end - zero > 1 && zero[0] == '0' && zero[1] == '.') {
+        std::memmove(zero, zero + 1, static_cast<std::size_t>(end - zero) - 1);
+        --end;
+    }
+    for (char* c = out; c != end; ++c) {
+        if (*c == 'e')
+            *c = 'E';
+    }
+    return end;
+}
+
 } // namespace
 
 std::string_view Trimmed(std::string_view text) {
@@ -101,26 +123,11 @@ void AppendLong(std::string& text, Long value) {
 }
 
 char* WriteSingle(char* out, float value) {
-    constexpr float LargestPlainWhole = 9999999.0F;
-    char* const limit = out + LongestSingle;
-    if (!std::isfinite(value)) {
-        *out = '0';
-        return out + 1;
-    }
-    const bool negativeZero = value == 0 && std::signbit(value);
-    if (std::fabs(value) <= LargestPlainWhole && value == std::trunc(value) && !negativeZero)
-        return std::to_chars(out, limit, static_cast<Long>(value)).ptr;
-    char* end = std::to_chars(out, limit, value).ptr;
-    char* const zero = *out == '-' ? out + 1 : out;
-    if (end - zero > 1 && zero[0] == '0' && zero[1] == '.') {
-        std::memmove(zero, zero + 1, static_cast<std::size_t>(end - zero) - 1);
-        --end;
-    }
-    for (char* c = out; c != end; ++c) {
-        if (*c == 'e')
-            *c = 'E';
-    }
-    return end;
+    return Write(out, out + LongestSingle, value, 9999999.0F);
+}
+
+char* WriteDouble(char* out, double value) {
+    return Write(out, out + LongestDouble, value, 999999999999999.0);
 }
 
 } // namespace pulselark

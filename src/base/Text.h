@@ -17,6 +17,12 @@ inline constexpr std::size_t LongestSingle = 24;
 /// read.
 char* WriteSingle(char* out, float value);
 
+/// Characters that `WriteDouble` writes at most.
+inline constexpr std::size_t LongestDouble = 32;
+
+/// As `WriteSingle`, in the fewest digits that read back as the same 64 bits.
+char* WriteDouble(char* out, double value);
+
 /// The number in decimal.
 void AppendLong(std::string& text, Long value);
 

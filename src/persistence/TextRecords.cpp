@@ -2,11 +2,28 @@
 
 #include "base/Text.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace pulselark {
+
+namespace {
+
+constexpr std::string_view TrueWord = "#TRUE#";
+constexpr std::string_view FalseWord = "#FALSE#";
+
+// `word` is in capitals.
+bool IsWord(std::string_view text, std::string_view word) {
+    return std::equal(text.begin(), text.end(), word.begin(), word.end(), [](char c, char capital) {
+        return c == capital || (c >= 'a' && c <= 'z' && c - 'a' + 'A' == capital);
+    });
+}
+
+} // namespace
 
 TextRecordReader::TextRecordReader(std::string_view text)
     : position_(text.data()), end_(text.data() + text.size()) {
@@ -52,6 +69,26 @@ float TextRecordReader::NextSingle() {
     return ParseSingle(NextLine());
 }
 
+Integer TextRecordReader::NextInteger() {
+    const Long value = NextLong();
+    if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max())
+        throw Failure{FailureOverflow};
+    return static_cast<Integer>(value);
+}
+
+double TextRecordReader::NextDouble() {
+    return ParseDouble(NextLine());
+}
+
+Boolean TextRecordReader::NextBoolean() {
+    const std::string_view text = Trimmed(NextLine());
+    if (IsWord(text, TrueWord))
+        return On;
+    if (IsWord(text, FalseWord))
+        return Off;
+    throw Failure{FailureTypeMismatch};
+}
+
 void AppendTextLine(std::string& out, std::string_view text) {
     out.push_back('"');
     for (const char c : text) {
@@ -64,6 +101,23 @@ void AppendTextLine(std::string& out, std::string_view text) {
 
 void AppendLongLine(std::string& out, Long value) {
     AppendLong(out, value);
+    out.append("\r\n");
+}
+
+void AppendSingleLine(std::string& out, float value) {
+    std::array<char, LongestSingle> digits;
+    out.append(digits.data(), WriteSingle(digits.data(), value));
+    out.append("\r\n");
+}
+
+void AppendDoubleLine(std::string& out, double value) {
+    std::array<char, LongestDouble> digits;
+    out.append(digits.data(), WriteDouble(digits.data(), value));
+    out.append("\r\n");
+}
+
+void AppendBooleanLine(std::string& out, Boolean value) {
+    out.append(value != Off ? TrueWord : FalseWord);
     out.append("\r\n");
 }
 

@@ -30,7 +30,11 @@ public:
     std::string_view NextText();
     /// Failures 13, 6, and 62 at the end of the text.
     Long NextLong();
+    Integer NextInteger();
     float NextSingle();
+    double NextDouble();
+    /// #TRUE# or #FALSE#, in letters of either case; anything else is failure 13.
+    Boolean NextBoolean();
 
 private:
     std::string_view NextLine();
@@ -44,5 +48,8 @@ private:
 /// line as the text's own); a line end would break the file and becomes a blank.
 void AppendTextLine(std::string& out, std::string_view text);
 void AppendLongLine(std::string& out, Long value);
+void AppendSingleLine(std::string& out, float value);
+void AppendDoubleLine(std::string& out, double value);
+void AppendBooleanLine(std::string& out, Boolean value);
 
 } // namespace pulselark

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 
 #include <string>
+#include <vector>
 
 namespace pulselark {
 
@@ -20,6 +21,12 @@ public:
     /// flushed to the disk and take the old file's name. Whatever happens, the old file or the new one is
     /// there. Returns 0, or the number of the failure (52, 57, 61, 70, 75, 76).
     virtual Integer ReplaceWhole(const std::string& name, const std::string& bytes) = 0;
+
+    /// Lists the files of a folder whose names end in `extension` (".htc", in letters of either case): names
+    /// without the folder, sorted by their bytes. Returns 0, or the number of the failure (52, 57, 70, 76);
+    /// then `names` is empty.
+    virtual Integer ListFolder(const std::string& folder, const std::string& extension,
+                               std::vector<std::string>& names) = 0;
 };
 
 } // namespace pulselark

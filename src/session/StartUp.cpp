@@ -1,35 +1,123 @@
 #include "session/StartUp.h"
 
+#include "analysis/CoherencePanel.h"
+#include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
+#include "analysis/History.h"
+#include "analysis/HrvPanel.h"
+#include "analysis/SpectrumPanel.h"
+#include "persistence/AppSettings.h"
+#include "persistence/Configuration.h"
 #include "persistence/LanguagePack.h"
+#include "persistence/TrainingSettings.h"
 #include "platform/ProgramFolder.h"
 #include "quickscan/QuickScan.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
+#include "session/RedrawPanels.h"
+#include "session/SessionButtons.h"
 #include "session/SessionTimers.h"
+#include "session/Settings.h"
 
 namespace pulselark {
 
+Boolean StartingUp = On;
+
 namespace {
 
-constexpr Integer MovingAverageKnobStart = 500;
+// Stage 3 waits this long, whatever its timer was made with.
+constexpr Long ShowModulesInterval = 2000;
+bool stagesWait = true;
+
+void SetDisplayDefaults() {
+    ColourSchemeIndex = 0;
+    SolidGraphs = Off;
+    ResetSpectrumDisplay();
+    ResetCoherenceDisplay();
+    ResetHrvDisplay();
+    ResetHistoryDisplay();
+    MovingAverageWidth = MovingAverageFromKnob(MovingAverageKnob);
+}
+
+void ReadSettings() {
+    SetDefaultSettings();
+    LoadAppSettings();
+    LoadTrainingSettings();
+    if (AutoLoadPrevConfig != Off)
+        LoadConfig(PreviousConfig);
+    RefreshConfigList();
+}
+
+void HidePanels() {
+    for (PanelPlace& panel : picModule)
+        panel.Visible = Off;
+}
+
+void StartUpTick() {
+    timStartUp.Enabled = false;
+    timLoadingProgress.Enabled = false;
+    labLoading.Caption = LanguageText(TextStartUpLoading);
+    labLoading.Visible = stagesWait;
+    timLoadingProgress.Enabled = stagesWait;
+    RefreshSessionButtons(false);
+    ShowStatus(LanguageText(TextReady));
+    timShowModules.Interval = stagesWait ? ShowModulesInterval : 1;
+    timShowModules.Enabled = true;
+    StartingUp = Off;
+}
+
+void ShowModulesTick() {
+    timShowModules.Enabled = false;
+    labLoading.Visible = false;
+    for (std::size_t i = 0; i < picModule.size(); ++i)
+        picModule[i].Visible = PanelVisible[i];
+    timPrintFirst.Enabled = true;
+    if (MonitorName == "Select your ECG monitor" && SessionSeconds < 1)
+        ShowStatus(LanguageText(TextNoMonitorChosen));
+}
 
 } // namespace
 
-void InitApplication() {
+void InitApplication(bool readSettings) {
+    StartingUp = On;
     SetStartValues();
     ResetMainControls();
+    ResetSettings();
+    ResetModulePanels();
     InstallTimerHandlers();
+    timStartUp.Handler = &StartUpTick;
+    timShowModules.Handler = &ShowModulesTick;
+    timLoadingProgress.Enabled = false;
     LanguageIndex = 0;
     LoadLanguagePack();
-    MovingAverageWidth = MovingAverageFromKnob(MovingAverageKnobStart);
+    SetDisplayDefaults();
+    if (readSettings)
+        ReadSettings();
+    HidePanels();
     SessionsFolder = ProgramFolder() + "/Sessions/";
     LastOpenFolder = LastSaveFolder = SessionsFolder;
     ResetQuickScan();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
-    timLoadingProgress.Enabled = false;
-    ShowStatus(LanguageText(TextReady));
+    ChannelBPresent = ToBoolean(ChannelMode == 1);
+    RefreshSessionButtons(true);
+}
+
+void BeginStartUp(bool waiting) {
+    stagesWait = waiting;
+    timStartUp.Interval = waiting ? 100 : 1;
+    timPrintFirst.Interval = waiting ? 618 : 1;
+    timABMode.Interval = waiting ? 750 : 1;
+    timStartUp.Enabled = true;
+}
+
+void FinishStartUp() {
+    stagesWait = false;
+    StartUpTick();
+    ShowModulesTick();
+    timPrintFirst.Enabled = false;
+    RedrawAllPanels();
 }
 
 } // namespace pulselark

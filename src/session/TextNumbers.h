@@ -151,7 +151,6 @@ enum TextNumber : int {
     TextReady = 150,
 
     // Channel modes: the text of a mode is TextChannelModeBase plus its value, 1 to 3.
-    TextChannelModeBase = 151,
     TextChannelModeAB = 152,
     TextChannelModeA = 153,
     TextChannelModeKeep = 154,
@@ -447,5 +446,8 @@ enum TextNumber : int {
     TextLaunchLibraryNotFound = 481,
     TextLaunchFailed = 482,
 };
+
+/// The texts of the channel modes 1 to 3 follow this number.
+inline constexpr int TextChannelModeBase = TextChannelModeAB - 1;
 
 } // namespace pulselark

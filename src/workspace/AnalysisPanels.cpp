@@ -8,11 +8,12 @@
 #include "analysis/PanelDrawing.h"
 #include "analysis/ScaleDrag.h"
 #include "analysis/SpectrumPanel.h"
+#include "session/Controls.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
 #include "session/Seek.h"
-#include "workspace/DefaultPlaces.h"
+#include "workspace/ModuleDesk.h"
 #include "workspace/ModuleFrame.h"
 #include "workspace/PanelView.h"
 #include "workspace/SeekCursors.h"
@@ -24,7 +25,7 @@ namespace pulselark {
 
 namespace {
 
-enum ModuleIndex : std::size_t { EcgModule, SpectrumModule, CoherenceModule, HistoryModule, HrvModule };
+enum ModuleIndex : int { EcgModule, SpectrumModule, CoherenceModule, HistoryModule, HrvModule };
 
 std::vector<const CaptionLabel*> HistoryCaptions(const std::array<CaptionLabel, 3>& captions,
                                                  const CaptionLabel& rate) {
@@ -33,126 +34,112 @@ std::vector<const CaptionLabel*> HistoryCaptions(const std::array<CaptionLabel, 
 
 } // namespace
 
-AnalysisPanels::AnalysisPanels(QWidget* window, std::function<void(const std::function<void()>&)> run)
-    : QObject(window), window_(window), run_(std::move(run)) {
-    constexpr std::array<Icon, 5> Pictures{Icon::EcgInput, Icon::Spectrum, Icon::Coherence, Icon::History,
-                                           Icon::Hrv};
-    for (std::size_t i = 0; i < modules_.size(); ++i) {
-        const int index = static_cast<int>(i);
-        modules_[i] = new ModuleFrame(index, Pictures[i], Text(TextModuleEcgInput + index), window_);
-    }
+AnalysisPanels::AnalysisPanels(ModuleDesk& desk, std::function<void(const std::function<void()>&)> run)
+    : QObject(&desk), desk_(desk), run_(std::move(run)) {
     BuildEcg();
     BuildSpectrum();
     BuildCoherence();
     BuildHistory();
     BuildHrv();
+    Retranslate();
 }
 
-void AnalysisPanels::Activate(const QWidget* panel) {
-    for (ModuleFrame* module : modules_)
-        module->SetActive(panel->parentWidget() == module);
-    window_->update(); // the shadows are the desk's
-}
-
-std::vector<AnalysisPanels::Shadow> AnalysisPanels::Shadows() const {
-    std::vector<Shadow> shadows;
-    for (const ModuleFrame* module : modules_)
-        shadows.push_back({module->geometry(), module->Active()});
-    return shadows;
+void AnalysisPanels::Retranslate() {
+    const auto name = [](const std::array<PanelView*, 2>& panels, const QString& a, const QString& b,
+                         int tip) {
+        panels[0]->setAccessibleName(a);
+        panels[1]->setAccessibleName(b);
+        for (PanelView* panel : panels)
+            panel->setToolTip(Text(tip));
+    };
+    name(ecg_, Text(TextEcgA), Text(TextEcgB), TextSeekTip);
+    name(spectrum_, Text(TextSpectrumA), Text(TextSpectrumB), TextScaleTip);
+    name(coherence_, Text(TextCoherenceA), Text(TextCoherenceB), TextScaleTip);
+    name(history_, Text(TextModuleHistory) + " A", Text(TextModuleHistory) + " B", TextScaleTip);
+    name(hrv_, Text(TextHrvPowerA), Text(TextHrvPowerB), TextScaleTip);
+    bars_[0]->setAccessibleName(Text(TextHrvPowerA) + " LF, HF");
+    bars_[1]->setAccessibleName(Text(TextHrvPowerB) + " LF, HF");
 }
 
 AnalysisPanels::~AnalysisPanels() {
     ResetPanelSurfaces();
 }
 
-PanelView* AnalysisPanels::AddPanel(std::size_t module, const char* name, bool withTwin) {
-    auto* panel = new PanelView(name, withTwin, modules_[module]);
+PanelView* AnalysisPanels::AddPanel(int module, const char* name, bool withTwin) {
+    auto* panel = new PanelView(name, withTwin, desk_.Frame(static_cast<std::size_t>(module)));
     panels_.push_back(panel);
     return panel;
 }
 
 void AnalysisPanels::BuildEcg() {
     ecg_ = {AddPanel(EcgModule, "picIA", true), AddPanel(EcgModule, "picIB", true)};
-    ecg_[0]->setAccessibleName(Text(TextEcgA));
-    ecg_[1]->setAccessibleName(Text(TextEcgB));
     ecg_[0]->SetNotice(&labNoSession);
-    modules_[EcgModule]->SetPanels(ecg_[0], ecg_[1]);
+    desk_.Frame(EcgModule)->SetPanels(ecg_[0], ecg_[1]);
     picIA = &ecg_[0]->Surface();
     picIAP = &ecg_[0]->Twin();
     picIB = &ecg_[1]->Surface();
     picIBP = &ecg_[1]->Twin();
-    for (PanelView* panel : ecg_) {
-        panel->setToolTip(Text(TextSeekTip));
+    for (PanelView* panel : ecg_)
         ConnectSeek(panel);
-    }
 }
 
 void AnalysisPanels::BuildSpectrum() {
-    PanelView* a = AddPanel(SpectrumModule, "picSA", false);
-    PanelView* b = AddPanel(SpectrumModule, "picSB", false);
-    a->setAccessibleName(Text(TextSpectrumA));
-    b->setAccessibleName(Text(TextSpectrumB));
+    spectrum_ = {AddPanel(SpectrumModule, "picSA", false), AddPanel(SpectrumModule, "picSB", false)};
+    const auto [a, b] = spectrum_;
     a->SetCaptions({&labLeftS});
     a->SetNotice(&labNoSession);
     b->SetCaptions({&labRightS});
-    modules_[SpectrumModule]->SetPanels(a, b);
+    desk_.Frame(SpectrumModule)->SetPanels(a, b);
     picSA = &a->Surface();
     picSB = &b->Surface();
     for (PanelView* panel : {a, b}) {
-        ConnectScale(panel, [panel](int button, double x, double y) {
+        ConnectScale(SpectrumModule, panel, [panel](int button, double x, double y) {
             DragSpectrumScale(button, x, y, panel->width());
         });
     }
 }
 
 void AnalysisPanels::BuildCoherence() {
-    PanelView* a = AddPanel(CoherenceModule, "picGCA", false);
-    PanelView* b = AddPanel(CoherenceModule, "picGCB", false);
-    a->setAccessibleName(Text(TextCoherenceA));
-    b->setAccessibleName(Text(TextCoherenceB));
+    coherence_ = {AddPanel(CoherenceModule, "picGCA", false), AddPanel(CoherenceModule, "picGCB", false)};
+    const auto [a, b] = coherence_;
     a->SetCaptions({&labLeftGC});
     a->SetNotice(&labNoSession);
     b->SetCaptions({&labRightGC});
-    modules_[CoherenceModule]->SetPanels(a, b);
+    desk_.Frame(CoherenceModule)->SetPanels(a, b);
     picGCA = &a->Surface();
     picGCB = &b->Surface();
     for (PanelView* panel : {a, b})
-        ConnectScale(panel, [](int button, double, double y) { DragCoherenceScale(button, y); });
+        ConnectScale(CoherenceModule, panel,
+                     [](int button, double, double y) { DragCoherenceScale(button, y); });
 }
 
 void AnalysisPanels::BuildHistory() {
-    PanelView* a = AddPanel(HistoryModule, "picHisA", false);
-    PanelView* b = AddPanel(HistoryModule, "picHisB", false);
-    a->setAccessibleName(Text(TextModuleHistory) + " A");
-    b->setAccessibleName(Text(TextModuleHistory) + " B");
+    history_ = {AddPanel(HistoryModule, "picHisA", false), AddPanel(HistoryModule, "picHisB", false)};
+    const auto [a, b] = history_;
     a->SetCaptions(HistoryCaptions(labLeftHis, labBPMA));
     a->SetNotice(&labNoSession);
     b->SetCaptions(HistoryCaptions(labRightHis, labBPMB));
-    modules_[HistoryModule]->SetPanels(a, b);
+    desk_.Frame(HistoryModule)->SetPanels(a, b);
     picHisA = &a->Surface();
     picHisB = &b->Surface();
     for (PanelView* panel : {a, b})
-        ConnectScale(panel, &DragHistoryScale);
+        ConnectScale(HistoryModule, panel, &DragHistoryScale);
 }
 
 void AnalysisPanels::BuildHrv() {
     hrv_ = {AddPanel(HrvModule, "picHRVA", false), AddPanel(HrvModule, "picHRVB", false)};
     bars_ = {AddPanel(HrvModule, "picHRVPowerA", false), AddPanel(HrvModule, "picHRVPowerB", false)};
-    hrv_[0]->setAccessibleName(Text(TextHrvPowerA));
-    hrv_[1]->setAccessibleName(Text(TextHrvPowerB));
-    bars_[0]->setAccessibleName(Text(TextHrvPowerA) + " LF, HF");
-    bars_[1]->setAccessibleName(Text(TextHrvPowerB) + " LF, HF");
     hrv_[0]->SetCaptions({&labLeftHRV});
     hrv_[1]->SetCaptions({&labRightHRV});
     hrv_[0]->SetNotice(&labHRVNoDataA);
     hrv_[1]->SetNotice(&labHRVNoDataB);
-    modules_[HrvModule]->SetPanels(hrv_[0], hrv_[1]);
+    desk_.Frame(HrvModule)->SetPanels(hrv_[0], hrv_[1]);
     picHRVA = &hrv_[0]->Surface();
     picHRVB = &hrv_[1]->Surface();
     picHRVPowerA = &bars_[0]->Surface();
     picHRVPowerB = &bars_[1]->Surface();
     for (PanelView* panel : hrv_)
-        ConnectScale(panel, [](int button, double, double y) { DragHrvScale(button, y); });
+        ConnectScale(HrvModule, panel, [](int button, double, double y) { DragHrvScale(button, y); });
     for (PanelView* bar : bars_) {
         bar->SetFramed(true);
         bar->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -168,8 +155,8 @@ void AnalysisPanels::ConnectSeek(PanelView* panel) {
     });
     connect(panel, &PanelView::Pressed, this, [this, panel](double x, double y) {
         drag_ = Drag::Seek;
-        Activate(panel);
         run_([&] {
+            PressPanel(EcgModule, 0, 0);
             PressEcgPanel();
             SeekByEcgPanel(0, x, y, panel->width(), panel->height());
         });
@@ -178,8 +165,8 @@ void AnalysisPanels::ConnectSeek(PanelView* panel) {
     connect(panel, &PanelView::Released, this, &AnalysisPanels::Release);
 }
 
-void AnalysisPanels::ConnectScale(PanelView* panel, std::function<void(int, double, double)> drag) {
-    panel->setToolTip(Text(TextScaleTip));
+void AnalysisPanels::ConnectScale(int module, PanelView* panel,
+                                  std::function<void(int, double, double)> drag) {
     panel->setCursor(Qt::SizeAllCursor);
     connect(panel, &PanelView::Moved, this, [this, drag](int button, double x, double y) {
         if (button != 0 && drag_ != Drag::Scale)
@@ -189,11 +176,13 @@ void AnalysisPanels::ConnectScale(PanelView* panel, std::function<void(int, doub
         else
             run_([&] { drag(1, x, y); });
     });
-    connect(panel, &PanelView::Pressed, this, [this, panel, drag](double x, double y) {
+    connect(panel, &PanelView::Pressed, this, [this, module, drag](double x, double y) {
         drag_ = Drag::Scale;
-        Activate(panel);
-        BeginScaleDrag();
-        drag(0, x, y);
+        run_([&] {
+            PressPanel(module, 0, 0);
+            BeginScaleDrag();
+            drag(0, x, y);
+        });
     });
     connect(panel, &PanelView::Released, this, &AnalysisPanels::Release);
 }
@@ -223,21 +212,17 @@ void AnalysisPanels::ShowSeekCursor() {
         panel->setCursor(SeekCursor(seekRowShown_));
 }
 
-void AnalysisPanels::LayOut(const QRect& desk, int gap, int titleHeight) {
-    const auto places = DefaultPlaces(desk, gap);
-    for (std::size_t i = 0; i < modules_.size(); ++i) {
-        modules_[i]->setGeometry(places[i]);
-        modules_[i]->LayOut(titleHeight, ChannelBPresent != Off);
-    }
+void AnalysisPanels::LayOut() {
+    const QWidget* module = desk_.Frame(HrvModule);
     SetPanelFont(*picHRVA);
     for (std::size_t i = 0; i < bars_.size(); ++i) {
         const QRect panel = hrv_[i]->geometry();
         const auto twips = [](int pixels) { return pixels * TwipsPerPixel; };
         const TwipsRect bar =
-            PowerBarPlace(twips(modules_[HrvModule]->width()),
+            PowerBarPlace(twips(module->width()),
                           {twips(panel.x()), twips(panel.y()), twips(panel.width()), twips(panel.height())},
                           picHRVA->TextHeight("123") * TwipsPerPixel);
-        const bool shown = ShowHrvPower != Off && hrv_[i]->isVisibleTo(modules_[HrvModule]);
+        const bool shown = ShowHrvPower != Off && hrv_[i]->isVisibleTo(module);
         bars_[i]->Place(ToPixels(bar), shown);
         bars_[i]->raise();
     }

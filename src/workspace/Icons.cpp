@@ -43,6 +43,34 @@ void PaintLight(QPainter& painter, Icon icon) {
     painter.drawLine(QPointF(3.5, 12.5), QPointF(12.5, 3.5));
 }
 
+void PaintMark(QPainter& painter, Icon icon) {
+    switch (icon) {
+    case Icon::Pinned:
+        painter.setBrush(painter.pen().color());
+        [[fallthrough]];
+    case Icon::Pin:
+        painter.drawPolygon(Points({{5, 2.5}, {11, 2.5}, {10.5, 7}, {12.5, 9.5}, {3.5, 9.5}, {5.5, 7}}));
+        painter.drawLine(QPointF(8, 9.5), QPointF(8, 14));
+        break;
+    case Icon::Enlarge:
+        painter.drawPolyline(Points({{2.5, 6}, {2.5, 2.5}, {6, 2.5}}));
+        painter.drawPolyline(Points({{10, 2.5}, {13.5, 2.5}, {13.5, 6}}));
+        painter.drawPolyline(Points({{13.5, 10}, {13.5, 13.5}, {10, 13.5}}));
+        painter.drawPolyline(Points({{6, 13.5}, {2.5, 13.5}, {2.5, 10}}));
+        break;
+    case Icon::Restore:
+        painter.drawRect(QRectF(2.5, 5.5, 8, 8));
+        painter.drawPolyline(Points({{5.5, 5.5}, {5.5, 2.5}, {13.5, 2.5}, {13.5, 10.5}, {10.5, 10.5}}));
+        break;
+    case Icon::Close:
+        painter.drawLine(QPointF(3.5, 3.5), QPointF(12.5, 12.5));
+        painter.drawLine(QPointF(12.5, 3.5), QPointF(3.5, 12.5));
+        break;
+    default:
+        break;
+    }
+}
+
 void PaintPanelIcon(QPainter& painter, Icon icon) {
     switch (icon) {
     case Icon::Mark:
@@ -72,7 +100,17 @@ void PaintPanelIcon(QPainter& painter, Icon icon) {
         painter.drawLine(QPointF(2, 14), QPointF(14, 14));
         painter.drawPolyline(Points({{2.5, 11}, {5.5, 4}, {8, 10}, {10.5, 6.5}, {13.5, 11}}));
         break;
+    case Icon::QuickScan:
+        painter.drawPolyline(Points({{3.5, 14}, {3.5, 2}, {10, 2}, {12.5, 4.5}, {12.5, 14}, {3.5, 14}}));
+        painter.drawLine(QPointF(6, 7), QPointF(10, 7));
+        painter.drawLine(QPointF(6, 10), QPointF(10, 10));
+        break;
+    case Icon::Training:
+        painter.drawEllipse(QPointF(8, 8), 5.5, 5.5);
+        painter.drawEllipse(QPointF(8, 8), 2, 2);
+        break;
     default:
+        PaintMark(painter, icon);
         break;
     }
 }

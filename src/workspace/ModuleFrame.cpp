@@ -35,10 +35,18 @@ QRect ToPixels(const TwipsRect& rect) {
     return {pixels(rect.Left), pixels(rect.Top), pixels(rect.Width), pixels(rect.Height)};
 }
 
-ModuleFrame::ModuleFrame(int index, Icon icon, const QString& title, QWidget* parent)
-    : QWidget(parent), icon_(icon), title_(title) {
+ModuleFrame::ModuleFrame(int index, Icon icon, QWidget* parent)
+    : QWidget(parent),
+      title_(new TitleBar(index, icon, this)), sizers_{
+                                                   new PanelSizer(PanelSizer::Edge::Right, index, this),
+                                                   new PanelSizer(PanelSizer::Edge::Bottom, index, this),
+                                                   new PanelSizer(PanelSizer::Edge::Corner, index, this)} {
     setObjectName(QString("picModule%1").arg(index));
+}
+
+void ModuleFrame::SetTitle(const QString& title) {
     setAccessibleName(title);
+    title_->SetTitle(title);
 }
 
 void ModuleFrame::SetPanels(PanelView* a, PanelView* b) {
@@ -47,7 +55,9 @@ void ModuleFrame::SetPanels(PanelView* a, PanelView* b) {
 }
 
 void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
-    titleHeight_ = titleHeight;
+    title_->setGeometry(1, 1, width() - 2, titleHeight - 1);
+    for (PanelSizer* sizer : sizers_)
+        sizer->Place(size());
     const auto [first, second] = PanelPlaces(width() * TwipsPerPixel, height() * TwipsPerPixel,
                                              titleHeight * TwipsPerPixel, channelBPresent);
     if (panelA_ != nullptr)
@@ -72,18 +82,16 @@ void ModuleFrame::paintEvent(QPaintEvent* /*event*/) {
     painter.fillPath(outline, ToQColor(CurrentScheme().ModuleBack));
 
     painter.save();
-    painter.setClipRect(QRectF(0, 0, width(), titleHeight_));
+    painter.setClipRect(QRectF(0, 0, width(), title_->height() + 1));
     painter.fillPath(outline, look.TitleBar);
     painter.restore();
-    PaintIcon(painter, icon_, QRectF(10, (titleHeight_ - 16) / 2.0, 16, 16), look.TitleText);
-    painter.setPen(look.TitleText);
-    painter.setFont(TextFont(titleHeight_ < 28 ? 12 : 13, 500));
-    painter.drawText(QRectF(34, 0, width() - 42, titleHeight_), Qt::AlignVCenter | Qt::AlignLeft, title_);
 
     for (const PanelView* panel : {panelA_, panelB_}) {
         if (panel != nullptr && panel->isVisibleTo(this))
             PaintWell(painter, panel->geometry());
     }
+    if (panelA_ == nullptr) // a frame that is still empty
+        PaintWell(painter, rect().adjusted(8, title_->height() + 9, -8, -8));
     painter.setPen(active_ ? look.BorderActive : look.Border);
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(outline);

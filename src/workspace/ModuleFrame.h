@@ -1,8 +1,11 @@
 #pragma once
 
 #include "workspace/Icons.h"
+#include "workspace/TitleBar.h"
 
 #include <QWidget>
+
+#include <array>
 
 namespace pulselark {
 
@@ -12,17 +15,21 @@ struct TwipsRect;
 /// A rectangle of the layout in pixels.
 QRect ToPixels(const TwipsRect& rect);
 
-/// A module panel `picModule`: border, title bar and the wells of its two panels.
+/// A module panel `picModule`: border, title bar, sizers and the wells of its two panels.
 class ModuleFrame final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `index` 0 to 4 in the order of the modules on the screen.
-    ModuleFrame(int index, Icon icon, const QString& title, QWidget* parent);
+    /// `index` 0 to 6.
+    ModuleFrame(int index, Icon icon, QWidget* parent);
 
-    /// The panels that the module holds; either may be missing.
+    TitleBar* Title() const { return title_; }
+    const std::array<PanelSizer*, 3>& Sizers() const { return sizers_; }
+
+    /// The panels that the module holds; both may be missing.
     void SetPanels(PanelView* a, PanelView* b);
-    /// Places of the two panels for the module's present size.
+    void SetTitle(const QString& title);
+    /// Places of title bar, sizers and panels for the module's present size.
     void LayOut(int titleHeight, bool channelBPresent);
 
     /// The module that is worked in has a brighter border.
@@ -33,9 +40,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Icon icon_;
-    QString title_;
-    int titleHeight_ = 28;
+    TitleBar* title_;
+    std::array<PanelSizer*, 3> sizers_;
     bool active_ = false;
     PanelView* panelA_ = nullptr;
     PanelView* panelB_ = nullptr;

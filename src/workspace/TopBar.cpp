@@ -54,6 +54,10 @@ TopBar::TopBar(QWidget* parent)
     menus_->setObjectName("labMainMenu");
     menus_->setAccessibleName(ProgramTitle);
     menus_->setNativeMenuBar(false);
+    Retranslate();
+}
+
+void TopBar::Retranslate() {
     record_->setAccessibleName(Text(TextRecordButton));
     record_->setToolTip(Text(TextRecordButtonOffTip));
     replay_->setAccessibleName(Text(TextReplayButton));

@@ -22,6 +22,8 @@ public:
 
     /// Takes over the sizes for the window's size and the colours of the scheme.
     void ApplyLook();
+    /// Sets names and tool tips in the language in use.
+    void Retranslate();
     /// Takes over the state of the session.
     void Mirror();
 

@@ -1,30 +1,40 @@
 #include "workspace/frmMain.h"
 
-#include "persistence/DropSession.h"
 #include "persistence/OpenSession.h"
-#include "persistence/SaveSession.h"
+#include "quickscan/QuickScan.h"
+#include "session/Controls.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 #include "session/Seek.h"
 #include "session/SessionButtons.h"
+#include "session/ShutDown.h"
+#include "session/StartUp.h"
 #include "workspace/AnalysisPanels.h"
 #include "workspace/Look.h"
+#include "workspace/MainMenus.h"
+#include "workspace/ModuleDesk.h"
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
 #include "workspace/TopBar.h"
 #include "workspace/TransportButton.h"
 #include "workspace/WindowPlatform.h"
-#include "workspace/frmViewMenu.h"
+#include "workspace/frmAbout_new.h"
+#include "workspace/frmLanguage.h"
+#include "workspace/frmODS.h"
+#include "workspace/frmUserGuide.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
+#include <QLabel>
 #include <QMimeData>
 #include <QPainter>
+
+#include <utility>
 
 namespace pulselark {
 
@@ -57,19 +67,35 @@ void PaintShadow(QPainter& painter, const QRect& place, const ShadowKind& kind) 
     }
 }
 
+// Makes a form at its first use and brings it to the front.
+template <class Form, class... Arguments>
+void ShowForm(QPointer<Form>& form, Arguments... arguments) {
+    if (form == nullptr)
+        form = new Form(arguments...);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+
 } // namespace
 
-frmMain::frmMain(WindowPlatform& platform)
+frmMain::frmMain(WindowPlatform& platform, const QString& version)
     : platform_(platform), timers_(SessionTimers(), [this] { Mirror(); }), topBar_(new TopBar(this)),
-      statusLine_(new StatusLine(this)),
-      panels_(new AnalysisPanels(this, [this](const std::function<void()>& routine) { Do(routine); })) {
+      statusLine_(new StatusLine(this)), loading_(new QLabel(this)),
+      desk_(new ModuleDesk(this, [this](const std::function<void()>& routine) { Do(routine); })),
+      panels_(new AnalysisPanels(*desk_, [this](const std::function<void()>& routine) { Do(routine); })) {
     setObjectName("frmMain");
+    version_ = version;
     setWindowTitle(ProgramTitle);
     setAccessibleName(ProgramTitle);
     setMinimumSize(800, 600);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setFont(TextFont(13));
+    loading_->setObjectName("labLoading");
+    loading_->setAlignment(Qt::AlignCenter);
+    loading_->setFont(TextFont(20, 500));
+    loading_->hide();
     BuildMenus();
     ConnectTransport();
     platform_.SetOwner(this);
@@ -83,28 +109,63 @@ frmMain::~frmMain() {
 }
 
 void frmMain::BuildMenus() {
-    fileMenu_ = topBar_->Menus()->addMenu(Text(TextMenuFile));
-    fileMenu_->setObjectName("frmFileMenu");
-    fileMenu_->setAccessibleName(Text(TextMenuFile));
-    fileMenu_->setAttribute(Qt::WA_TranslucentBackground);
-    openAction_ = fileMenu_->addAction(Text(TextMenuOpenSession));
-    openAction_->setObjectName("labOpenSession");
-    openAction_->setShortcut(QKeySequence::Open);
-    saveAction_ = fileMenu_->addAction(Text(TextMenuSaveSession));
-    saveAction_->setObjectName("labSaveSession");
-    saveAction_->setShortcut(QKeySequence::Save);
-    fileMenu_->addSeparator();
-    QAction* exit = fileMenu_->addAction(Text(TextMenuExit));
-    exit->setObjectName("labExit");
-    exit->setShortcut(QKeySequence("Ctrl+Q"));
-    connect(openAction_, &QAction::triggered, this, [this] { Do([] { OpenSessionFromMenu(); }); });
-    connect(saveAction_, &QAction::triggered, this, [this] { Do([] { SaveSession(); }); });
-    connect(exit, &QAction::triggered, this, &QWidget::close);
-    viewMenu_ = new frmViewMenu(
-        this, [this] { ApplyLook(); }, [this] { Mirror(); });
-    topBar_->Menus()->addMenu(viewMenu_);
-    // Shortcuts of a menu work only while their actions belong to the window.
-    addActions(fileMenu_->actions());
+    MenuRoutines routines;
+    routines.Run = [this](const std::function<void()>& routine) { Do(routine); };
+    routines.LookChanged = [this] { ApplyLook(); };
+    routines.Exit = [this] { close(); };
+    routines.Settings = [this] { ShowSettings(); };
+    routines.LanguageEditor = [this] { ShowForm(language_, this, [this] { ApplyLanguage(); }); };
+    routines.Snapshot = [this] { ShowSnapshot(); };
+    routines.UserGuide = [this] { ShowForm(guide_, this, GuideFolder()); };
+    routines.About = [this] {
+        if (about_ == nullptr)
+            about_ = new frmAbout_new(this, version_);
+        about_->ShowFromMenu();
+    };
+    menus_ = new MainMenus(topBar_->Menus(), this, std::move(routines));
+}
+
+void frmMain::ShowSnapshot() {
+    const QPixmap picture = grab();
+    if (pictures_ == nullptr)
+        pictures_ = new frmODS(this);
+    pictures_->ShowPicture(picture, ProgramTitle);
+}
+
+void frmMain::ShowSettings() {}
+
+void frmMain::ApplyLanguage() {
+    menus_->Retranslate();
+    topBar_->Retranslate();
+    desk_->Retranslate();
+    panels_->Retranslate();
+    ResetQuickScan();
+    labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
+    if (language_ != nullptr)
+        language_->Retranslate();
+    if (guide_ != nullptr)
+        guide_->Retranslate();
+    if (about_ != nullptr)
+        about_->Retranslate();
+    if (pictures_ != nullptr)
+        pictures_->Retranslate();
+    ApplyLook();
+    Mirror();
+}
+
+void frmMain::OpenWhenStarted(const std::string& file) {
+    fileToOpen_ = file;
+}
+
+// The session named at the start waits until the panels stand.
+void frmMain::OpenWaitingFile() {
+    const bool started =
+        StartingUp == Off && !timShowModules.Enabled && !timPrintFirst.Enabled && !timStartUp.Enabled;
+    if (!started || fileToOpen_.empty())
+        return;
+    const std::string file = std::exchange(fileToOpen_, {});
+    const auto open = [this, file] { Do([&file] { OpenNamedSessionFromMenu(file); }); };
+    QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
 }
 
 void frmMain::ConnectTransport() {
@@ -124,21 +185,21 @@ void frmMain::ConnectTransport() {
 }
 
 void frmMain::Mirror() {
-    if (channelBLaidOut_ != ChannelBPresent)
-        LayOut();
+    PlaceModules(false);
+    desk_->Mirror();
     topBar_->Mirror();
     statusLine_->Mirror();
     panels_->Mirror();
-    openAction_->setEnabled(!SessionBusy());
-    saveAction_->setEnabled(!SessionBusy() && SessionSeconds > 0);
+    menus_->Mirror();
+    loading_->setText(QString::fromStdString(labLoading.Caption));
+    loading_->setVisible(labLoading.Visible);
     timers_.Sync();
+    OpenWaitingFile();
 }
 
 void frmMain::ApplyLook() {
-    for (QMenu* menu : {fileMenu_, static_cast<QMenu*>(viewMenu_)}) {
-        menu->setFont(TextFont(13));
-        menu->setStyleSheet(MenuStyle());
-    }
+    menus_->ApplyLook();
+    loading_->setStyleSheet(QString("color: %1;").arg(CurrentLook().BarText.name()));
     LayOut();
     update();
 }
@@ -148,11 +209,17 @@ void frmMain::LayOut() {
     topBar_->setGeometry(0, 0, width(), density.TopBar);
     topBar_->ApplyLook();
     statusLine_->setGeometry(0, height() - density.StatusLine, width(), density.StatusLine);
-    const QRect desk(0, density.TopBar, width(), height() - density.TopBar - density.StatusLine);
-    const int gap = density.Gap;
-    panels_->LayOut(desk.adjusted(gap, gap, -gap, -gap), gap, density.TitleBar);
-    channelBLaidOut_ = ChannelBPresent;
+    loading_->setGeometry(0, height() / 2 - 20, width(), 40);
+    desk_->MeasureWindow(size(), density.TopBar, density.StatusLine, density.TitleBar, density.Gap);
+    PlaceModules(true);
+}
+
+void frmMain::PlaceModules(bool redraw) {
+    if (!desk_->LayOut() && !redraw)
+        return;
+    panels_->LayOut();
     OpenAllPanels(true);
+    update(); // the shadows are the desk's
 }
 
 void frmMain::resizeEvent(QResizeEvent* /*event*/) {
@@ -163,18 +230,49 @@ void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), CurrentLook().Desk);
     painter.setRenderHint(QPainter::Antialiasing);
-    for (const auto& [place, active] : panels_->Shadows())
+    for (const auto& [place, active] : desk_->Shadows())
         PaintShadow(painter, place, active ? DeepShadow : FlatShadow);
 }
 
+void frmMain::CancelDrag() {
+    panelChosen_ = false;
+    if (!panels_->CancelDrag())
+        Do([] { CancelPanelDrag(); });
+}
+
+// While a panel is chosen by F6, the arrows move it, and with Shift size it, by one step of the grid.
+bool frmMain::MoveChosenPanel(const QKeyEvent& event) {
+    constexpr double Step = 150;
+    if (!panelChosen_ || ActivePanel < 0)
+        return false;
+    const double dx = event.key() == Qt::Key_Left ? -Step : event.key() == Qt::Key_Right ? Step : 0;
+    const double dy = event.key() == Qt::Key_Up ? -Step : event.key() == Qt::Key_Down ? Step : 0;
+    if (dx == 0 && dy == 0)
+        return false;
+    const bool sizes = (event.modifiers() & Qt::ShiftModifier) != 0;
+    Do([=] { sizes ? SizePanelBy(ActivePanel, dx, dy) : MovePanelBy(ActivePanel, dx, dy); });
+    return true;
+}
+
+void frmMain::mousePressEvent(QMouseEvent* event) {
+    panelChosen_ = false; // the keyboard has lost its panel
+    QWidget::mousePressEvent(event);
+}
+
 void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (MoveChosenPanel(*event))
+        return;
     constexpr Long PageStep = 30;
     constexpr Long FastStep = 5;
     const bool fast = (event->modifiers() & Qt::ShiftModifier) != 0;
     const Long step = fast ? FastStep : 1;
     switch (event->key()) {
     case Qt::Key_Escape:
-        panels_->CancelDrag();
+        CancelDrag();
+        break;
+    case Qt::Key_F6:
+        Do([fast] { ChooseNextPanel(fast ? -1 : 1); });
+        panelChosen_ = ActivePanel >= 0;
         break;
     case Qt::Key_Space:
         if (event->isAutoRepeat())
@@ -208,14 +306,14 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (SessionBusy() || SeekBusy != Off || DialogOpen != Off || !MayDropSession(TextSaveBeforeExit)) {
+    if (!ExitProgram()) {
         event->ignore();
         Mirror();
         return;
     }
-    timReplay.Enabled = false;
     timers_.Sync();
     event->accept();
+    QCoreApplication::quit(); // the side windows go with the main one
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {

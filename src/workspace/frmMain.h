@@ -2,20 +2,26 @@
 
 #include "platform/qt/QtTimers.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
+#include <string>
 
-class QAction;
-class QMenu;
+class QLabel;
 
 namespace pulselark {
 
 class AnalysisPanels;
+class ModuleDesk;
 class StatusLine;
 class TopBar;
 class WindowPlatform;
-class frmViewMenu;
+class MainMenus;
+class frmAbout_new;
+class frmLanguage;
+class frmODS;
+class frmUserGuide;
 
 /// The main window: top bar, modules, status line. It decides nothing: every event goes to the core, and what
 /// the core has set is mirrored afterwards.
@@ -23,11 +29,16 @@ class frmMain final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit frmMain(WindowPlatform& platform);
+    /// `version` is what the about box says.
+    explicit frmMain(WindowPlatform& platform, const QString& version = QString());
     ~frmMain() override;
 
     /// Shows what the core has set, and lets its timers run as it wants them.
     void Mirror();
+    /// Opens a session once the stages of the start are through.
+    void OpenWhenStarted(const std::string& file);
+    /// All texts in the language in use, in every window.
+    void ApplyLanguage();
     /// Takes over the scheme and the sizes of the window.
     void ApplyLook();
 
@@ -35,6 +46,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -49,17 +61,28 @@ private:
     void BuildMenus();
     void ConnectTransport();
     void LayOut();
+    void ShowSettings();
+    void ShowSnapshot();
+    void OpenWaitingFile();
+    void PlaceModules(bool redraw);
+    void CancelDrag();
+    bool MoveChosenPanel(const QKeyEvent& event);
 
     WindowPlatform& platform_;
     QtTimers timers_;
     TopBar* topBar_;
     StatusLine* statusLine_;
+    QLabel* loading_;
+    ModuleDesk* desk_;
     AnalysisPanels* panels_;
-    QMenu* fileMenu_ = nullptr;
-    frmViewMenu* viewMenu_ = nullptr;
-    QAction* openAction_ = nullptr;
-    QAction* saveAction_ = nullptr;
-    short channelBLaidOut_ = 0;
+    MainMenus* menus_ = nullptr;
+    QPointer<frmLanguage> language_;
+    QPointer<frmUserGuide> guide_;
+    QPointer<frmODS> pictures_;
+    QPointer<frmAbout_new> about_;
+    QString version_;
+    std::string fileToOpen_;
+    bool panelChosen_ = false;
 };
 
 } // namespace pulselark

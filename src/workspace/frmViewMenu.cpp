@@ -7,13 +7,19 @@
 #include "analysis/HistoryStyles.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/PanelDrawing.h"
+#include "persistence/AppSettings.h"
+#include "persistence/Configuration.h"
 #include "platform/qt/QtColour.h"
+#include "session/Controls.h"
+#include "session/Layout.h"
+#include "session/ModulePanels.h"
+#include "session/Settings.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 
-#include <QActionGroup>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -57,6 +63,27 @@ QIcon StylePicture(Integer number, double density) {
     return pixmap;
 }
 
+// The panels of the configuration in the preview buffer, as they stand on the canvas.
+QIcon ConfigPicture(double density) {
+    const QSizeF size(32, 22);
+    QPixmap pixmap((size * density).toSize());
+    pixmap.setDevicePixelRatio(density);
+    const SchemeLook& look = CurrentLook();
+    pixmap.fill(look.Desk);
+    QPainter painter(&pixmap);
+    const PreviewPlace& canvas = ConfigPreview[CanvasRow];
+    const double sx = size.width() / std::max<double>(canvas.Width, 1);
+    const double sy = size.height() / std::max<double>(canvas.Height, 1);
+    painter.setPen(look.BorderActive);
+    painter.setBrush(look.TitleBar);
+    for (std::size_t i = 0; i < ModulePanelCount; ++i) {
+        const PreviewPlace& panel = ConfigPreview[i];
+        if (panel.Visible != Off)
+            painter.drawRect(QRectF(panel.Left * sx, panel.Top * sy, panel.Width * sx, panel.Height * sy));
+    }
+    return pixmap;
+}
+
 } // namespace
 
 QString MenuStyle() {
@@ -71,17 +98,19 @@ QString MenuStyle() {
         .arg(look.Bar.name(), look.BarText.name(), look.RaisedHover.name(), look.RaisedPressed.name());
 }
 
-frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged, std::function<void()> drawn)
-    : QMenu(Text(TextMenuView), parent), lookChanged_(std::move(lookChanged)), drawn_(std::move(drawn)) {
+frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
+                         std::function<void(const std::function<void()>&)> run)
+    : QMenu(parent), lookChanged_(std::move(lookChanged)), run_(std::move(run)) {
     setObjectName("frmViewMenu");
-    setAccessibleName(Text(TextMenuView));
     setAttribute(Qt::WA_TranslucentBackground);
+    AddPanels();
+    addSeparator();
+    AddLayout();
+    addSeparator();
     AddColourSets();
     AddToggle(TextToggleSolidGraphs, "labSolidGraphs", SolidGraphs, lookChanged_);
-    addSeparator();
     AddHistoryStyles();
     AddAveraging();
-    addSeparator();
     AddToggle(TextToggleBpmCoherence, "labBpmCoherence", ShowBpmCoherence, [] {
         DrawCoherenceA();
         DrawCoherenceB();
@@ -90,83 +119,135 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged, std
     connect(this, &QMenu::aboutToShow, this, &frmViewMenu::ShowMarks);
 }
 
-void frmViewMenu::AddToggle(int text, const char* name, short& value, const std::function<void()>& then) {
-    QAction* action = addAction(Text(text));
+QAction* frmViewMenu::AddEntry(QMenu* menu, int text, const QString& name, std::function<void()> routine) {
+    QAction* action = menu->addAction(QString());
     action->setObjectName(name);
-    action->setCheckable(true);
-    marks_.append([action, &value] { action->setChecked(value != Off); });
-    connect(action, &QAction::triggered, this, [this, &value, then] {
-        value = static_cast<Boolean>(~value);
-        then();
-        drawn_();
-    });
+    texts_.append([action, text] { action->setText(Text(text)); });
+    connect(action, &QAction::triggered, this, [this, routine = std::move(routine)] { run_(routine); });
+    return action;
 }
 
-QActionGroup* frmViewMenu::NewGroup() {
-    groups_.append(new QActionGroup(this));
-    return groups_.last();
+QAction* frmViewMenu::AddToggle(int text, const char* name, short& value, std::function<void()> then) {
+    QAction* action = AddEntry(this, text, name, [&value, then = std::move(then)] {
+        value = static_cast<Boolean>(~value);
+        then();
+    });
+    action->setCheckable(true);
+    marks_.append([action, &value] { action->setChecked(value != Off); });
+    return action;
+}
+
+QMenu* frmViewMenu::AddSubmenu(int text, const char* name, int before) {
+    QMenu* menu = addMenu(QString());
+    menu->setObjectName(name);
+    menu->setAttribute(Qt::WA_TranslucentBackground);
+    texts_.append(
+        [menu, text, before] { menu->setTitle(before > 0 ? Text(before) + ": " + Text(text) : Text(text)); });
+    return menu;
+}
+
+void frmViewMenu::AddPanels() {
+    for (int i = 0; i < ModulePanelCount; ++i) {
+        const auto shown = [i] { return picModule[static_cast<std::size_t>(i)].Visible != Off; };
+        QAction* action = AddEntry(this, TextModuleEcgInput + i, QString("imOK%1").arg(i),
+                                   [i, shown] { ShowPanel(i, !shown()); });
+        action->setCheckable(true);
+        marks_.append([action, shown] { action->setChecked(shown()); });
+    }
+}
+
+void frmViewMenu::AddLayout() {
+    AddToggle(TextMenuLockConfig, "labLockConfig", LockPanels, [] {});
+    AddToggle(TextMenuSnapPanels, "labSnapPanels", SnapPanels, [] {});
+    configurations_ = AddSubmenu(TextMenuConfigurations, "fileList");
+    AddEntry(this, TextActionDefaultConfig, "labDefaultConfig", [this] {
+        DefaultLayout();
+        lookChanged_();
+    });
+    AddEntry(this, TextMenuPreset, "labPreset", [this] {
+        SetPresetSettings();
+        lookChanged_();
+    });
+    QAction* full = AddEntry(this, TextMenuFullScreen, "labFullScreen", [this] {
+        QWidget* window = parentWidget()->window();
+        window->isFullScreen() ? window->showNormal() : window->showFullScreen();
+    });
+    full->setShortcut(QKeySequence("F11"));
+    parentWidget()->addAction(full);
+}
+
+// Each configuration with a picture of where its panels stand.
+void frmViewMenu::ListConfigurations() {
+    configurations_->clear();
+    RefreshConfigList();
+    if (fileList.empty())
+        configurations_->addAction(Text(TextMenuNoConfigurations))->setEnabled(false);
+    for (std::size_t i = 0; i < fileList.size(); ++i) {
+        const int index = static_cast<int>(i);
+        LoadConfigPreview(index);
+        QAction* action = configurations_->addAction(QString::fromStdString(fileList[i]).section('.', 0, 0));
+        action->setObjectName(QString("fileList%1").arg(index));
+        action->setIcon(ConfigPicture(devicePixelRatioF()));
+        action->setIconVisibleInMenu(true);
+        connect(action, &QAction::triggered, this, [this, index] { run_([index] { LoadConfig(index); }); });
+    }
 }
 
 void frmViewMenu::AddColourSets() {
-    QMenu* menu = addMenu(Text(TextColourSet));
-    menu->setAttribute(Qt::WA_TranslucentBackground);
-    QActionGroup* group = NewGroup();
+    QMenu* menu = AddSubmenu(TextColourSet, "picSetStyle");
     for (int scheme = 0; scheme < ColourSchemeCount; ++scheme) {
-        QAction* action = menu->addAction(Text(TextSchemeMidnight + scheme));
-        action->setObjectName(QString("picStyle%1").arg(scheme));
+        QAction* action =
+            AddEntry(menu, TextSchemeMidnight + scheme, QString("picStyle%1").arg(scheme), [this, scheme] {
+                ColourSchemeIndex = static_cast<Integer>(scheme);
+                lookChanged_();
+            });
         action->setCheckable(true);
-        action->setActionGroup(group);
         marks_.append([action, scheme] { action->setChecked(ColourSchemeIndex == scheme); });
-        connect(action, &QAction::triggered, this, [this, scheme] {
-            ColourSchemeIndex = static_cast<Integer>(scheme);
-            lookChanged_();
-            drawn_();
-        });
     }
 }
 
 void frmViewMenu::AddHistoryStyles() {
-    QMenu* menu = addMenu(Text(TextModuleHistory) + ": " + Text(TextHistoryStyle));
-    menu->setAttribute(Qt::WA_TranslucentBackground);
-    QActionGroup* group = NewGroup();
+    QMenu* menu = AddSubmenu(TextHistoryStyle, "picHisStyle", TextModuleHistory);
     for (Integer style = 1; style <= HistoryStyleMax; ++style) {
-        QAction* action = menu->addAction(QString("%1 %2").arg(Text(TextHistoryStyle)).arg(style));
-        action->setObjectName(QString("hsHisStyle%1").arg(style));
+        QAction* action = AddEntry(menu, TextHistoryStyle, QString("hsHisStyle%1").arg(style),
+                                   [style] { SetHistoryStyle(style); });
         action->setIconVisibleInMenu(true);
-        action->setActionGroup(group);
         action->setCheckable(true);
+        texts_.append(
+            [action, style] { action->setText(QString("%1 %2").arg(Text(TextHistoryStyle)).arg(style)); });
         marks_.append([this, action, style] {
             action->setIcon(StylePicture(style, devicePixelRatioF()));
             action->setChecked(HistoryStyle == style);
-        });
-        connect(action, &QAction::triggered, this, [this, style] {
-            SetHistoryStyle(style);
-            drawn_();
         });
     }
 }
 
 void frmViewMenu::AddAveraging() {
     constexpr std::array<Integer, 8> Seconds{1, 2, 5, 10, 15, 20, 25, 30};
-    QMenu* menu = addMenu(Text(TextModuleHistory) + ": " + Text(TextKnobAveraging));
-    menu->setAttribute(Qt::WA_TranslucentBackground);
-    QActionGroup* group = NewGroup();
+    QMenu* menu = AddSubmenu(TextKnobAveraging, "picHisAvUp", TextModuleHistory);
     for (const Integer seconds : Seconds) {
-        QAction* action = menu->addAction(QString::number(seconds) + Text(TextSecondsShort));
-        action->setObjectName(QString("labHisAv%1").arg(seconds));
-        action->setCheckable(true);
-        action->setActionGroup(group);
-        marks_.append([action, seconds] { action->setChecked(MovingAverageWidth + 1 == seconds); });
-        connect(action, &QAction::triggered, this, [this, seconds] {
+        QAction* action = AddEntry(menu, TextSecondsShort, QString("labHisAv%1").arg(seconds), [seconds] {
             MovingAverageWidth = static_cast<Integer>(seconds - 1);
+            MovingAverageKnob = static_cast<Integer>(Round(MovingAverageWidth / 29.0 * 1000));
             SmoothSeries();
             RedrawHistory();
-            drawn_();
         });
+        action->setCheckable(true);
+        texts_.append(
+            [action, seconds] { action->setText(QString::number(seconds) + Text(TextSecondsShort)); });
+        marks_.append([action, seconds] { action->setChecked(MovingAverageWidth + 1 == seconds); });
     }
 }
 
+void frmViewMenu::Retranslate() {
+    setTitle(Text(TextMenuView));
+    setAccessibleName(Text(TextMenuView));
+    for (const auto& text : texts_)
+        text();
+}
+
 void frmViewMenu::ShowMarks() {
+    ListConfigurations();
     const QString style = MenuStyle();
     for (QMenu* menu : findChildren<QMenu*>())
         menu->setStyleSheet(style);

@@ -8,29 +8,38 @@ class QActionGroup;
 
 namespace pulselark {
 
-/// The view menu: colour set, solid graphs, history style and averaging, what the panels print. Each choice
-/// takes effect at once.
+/// The view menu: the seven panels with their marks, the layout's lock, grid and configurations with a small
+/// preview, full screen, colour set, graphs and history, and the preset. Each choice takes effect at once.
 class frmViewMenu final : public QMenu {
     Q_OBJECT
 
 public:
-    /// `lookChanged` is called after a choice that changes colours or places, `drawn` after any other.
-    frmViewMenu(QWidget* parent, std::function<void()> lookChanged, std::function<void()> drawn);
+    /// `lookChanged` is called after a choice that changes colours or places; `run` takes a routine through
+    /// the core and shows the outcome.
+    frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
+                std::function<void(const std::function<void()>&)> run);
+
+    /// Sets all texts in the language in use.
+    void Retranslate();
 
 private:
-    /// A group of entries of which one is marked.
-    QActionGroup* NewGroup();
+    void AddPanels();
+    void AddLayout();
     void AddColourSets();
     void AddHistoryStyles();
     void AddAveraging();
-    void AddToggle(int text, const char* name, short& value, const std::function<void()>& then);
+    QMenu* AddSubmenu(int text, const char* name, int before = 0);
+    QAction* AddEntry(QMenu* menu, int text, const QString& name, std::function<void()> routine);
+    QAction* AddToggle(int text, const char* name, short& value, std::function<void()> then);
     /// Brings the marks in line with the settings.
     void ShowMarks();
+    void ListConfigurations();
 
     std::function<void()> lookChanged_;
-    std::function<void()> drawn_;
+    std::function<void(const std::function<void()>&)> run_;
     QList<std::function<void()>> marks_;
-    QList<QActionGroup*> groups_;
+    QList<std::function<void()>> texts_;
+    QMenu* configurations_ = nullptr;
 };
 
 /// The style of a menu in the colours of the scheme in use.

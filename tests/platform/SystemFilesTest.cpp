@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -91,6 +92,33 @@ TEST_F(Disk, ALinkIsFollowedAndRightsAreKept) {
     EXPECT_EQ(RightsOf(At("fresh")), 0666U & ~mask);
 }
 
+TEST_F(Disk, ALinkThatLeadsNowhereMakesTheFileItNames) {
+    fs::create_directory(Folder / "real");
+    fs::create_symlink("second", Folder / "first");
+    fs::create_symlink("real/file", Folder / "second");
+    EXPECT_EQ(Real.ReplaceWhole(At("first"), "new"), 0);
+    EXPECT_TRUE(fs::is_symlink(Folder / "first") && fs::is_symlink(Folder / "second"));
+    EXPECT_EQ(Content("real/file"), "new");
+    fs::create_symlink("gone/file", Folder / "astray");
+    EXPECT_EQ(Real.ReplaceWhole(At("astray"), "new"), 76);
+    fs::create_symlink("circle", Folder / "circle");
+    EXPECT_EQ(Real.ReplaceWhole(At("circle"), "new"), 75);
+    EXPECT_EQ(Entries(), 5);
+}
+
+TEST_F(Disk, AWriteProtectedFileStaysAsItIs) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "the super-user may write everywhere";
+    std::ofstream(At("file")) << "old";
+    fs::permissions(Folder / "file", static_cast<fs::perms>(0440));
+    EXPECT_EQ(Real.ReplaceWhole(At("file"), "new"), 70);
+    EXPECT_EQ(Content("file"), "old");
+    fs::permissions(Folder, static_cast<fs::perms>(0550));
+    EXPECT_EQ(Real.ReplaceWhole(At("fresh"), "new"), 70);
+    fs::permissions(Folder, static_cast<fs::perms>(0750));
+    EXPECT_EQ(Entries(), 1);
+}
+
 // The system refuses to let the file grow, as a full disk would.
 TEST_F(Disk, AWriteThatFailsLeavesTheOldFile) {
     ASSERT_EQ(Real.ReplaceWhole(At("file"), "old"), 0);
@@ -138,6 +166,13 @@ TEST_F(Disk, AKilledSaveLeavesTheOldFileOrTheNew) {
         ASSERT_EQ(Real.ReadWhole(At("file"), bytes), 0);
         ASSERT_TRUE(bytes == versions[0] || bytes == versions[1]) << round << ": " << bytes.size();
         ++seen[bytes == versions[0] ? 0 : 1];
+    }
+    // Most of a save goes by before the new file has a name; only the moment of naming can leave one behind,
+    // where the system knows files without a name.
+    const int unnamed = ::open(Folder.c_str(), O_TMPFILE | O_WRONLY, 0600);
+    if (unnamed >= 0) {
+        ::close(unnamed);
+        EXPECT_LT(Entries(), 1 + 20);
     }
     EXPECT_GT(seen[0], 0);
     EXPECT_GT(seen[1], 0);

@@ -120,6 +120,21 @@ TEST_F(Seek, NothingMovesWhileTheSessionIsBusy) {
     EXPECT_TRUE(Panel.Untouched());
 }
 
+// What a seek has left on show is gone once a replay has drawn over it.
+TEST_F(Seek, ASecondSoughtBeforeAReplayIsComputedAgain) {
+    Anchor(5);
+    Drag(3);
+    ReleaseReplayButton(RightButton);
+    ReplayTick();
+    ReplayTick();
+    EXPECT_EQ(AnalysisSecond, 54);
+    EXPECT_EQ(SessionTick, 55);
+    SeekToSecond(53);
+    EXPECT_EQ(AnalysisSecond, 53);
+    EXPECT_EQ(labPTime.Caption, "00:53");
+    EXPECT_EQ(SpectrumTrack.A.LastSecond, 53);
+}
+
 // The seek lets the message loop run before it computes; a drag that arrives then must wait.
 TEST_F(Seek, ADragWithinASeekIsRefused) {
     Anchor(5);

@@ -43,6 +43,19 @@ public:
         Content[name] = bytes;
         return 0;
     }
+    Integer ListFolder(const std::string& folder, const std::string& extension,
+                       std::vector<std::string>& names) override {
+        names.clear();
+        if (ReadFailure != 0)
+            return ReadFailure;
+        const std::string start = folder + "/";
+        for (const auto& [name, bytes] : Content) {
+            const std::size_t slash = name.rfind('/');
+            if (name.starts_with(start) && slash + 1 == start.size() && name.ends_with(extension))
+                names.push_back(name.substr(start.size()));
+        }
+        return 0;
+    }
 };
 
 /// Takes its answers from the front of `Answers`; without one it cancels.

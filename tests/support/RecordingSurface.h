@@ -15,11 +15,15 @@ public:
     struct Text {
         double X, Y;
         std::string Value, Font;
-        bool operator==(const Text&) const = default;
+        Colour Ink = 0;
+        bool operator==(const Text& other) const { // wherever a test compares whole texts, the ink is its own
+            return X == other.X && Y == other.Y && Value == other.Value && Font == other.Font;
+        }
     };
     struct Segment {
         double X1, Y1, X2, Y2;
         Colour Ink;
+        int DrawWidth = 1;
         bool operator==(const Segment&) const = default;
     };
     struct Trace {
@@ -27,12 +31,25 @@ public:
         Colour Ink;
         int DrawWidth;
     };
+    struct Box {
+        double X1, Y1, X2, Y2;
+        Colour Ink;
+        bool operator==(const Box&) const = default;
+    };
+    struct Fill {
+        int Column, Row;
+        Colour Border, Ink;
+        bool operator==(const Fill&) const = default;
+    };
 
     RecordingSurface(double width, double height) : width_(width), height_(height) {}
 
     std::vector<Text> Texts;
     std::vector<Segment> Segments;
     std::vector<Trace> Traces;
+    std::vector<Box> Boxes;
+    std::vector<Fill> Fills;
+    std::string Order; ///< each drawing by a letter: t(ext) l(ine) c(urve) b(ox) f(ill)
     std::string Calls; ///< each call that is no drawing, by its first letter: C(lear) R(efresh) ...
     std::function<void()> OnWipe; ///< runs when a new picture begins
 
@@ -40,9 +57,12 @@ public:
         Texts.clear();
         Segments.clear();
         Traces.clear();
+        Boxes.clear();
+        Fills.clear();
+        Order.clear();
         Calls.clear();
     }
-    bool Untouched() const { return Texts.empty() && Segments.empty() && Traces.empty() && Calls.empty(); }
+    bool Untouched() const { return Order.empty() && Calls.empty(); }
 
     double Width() const override { return width_; }
     double Height() const override { return height_; }
@@ -60,19 +80,28 @@ public:
     void SetDrawWidth(int width) override { drawWidth_ = width; }
     void SetForeColour(Colour colour) override { foreColour_ = colour; }
     Colour ForeColour() const override { return foreColour_; }
-    void SetFillColour(Colour /*colour*/) override {}
+    void SetFillColour(Colour colour) override { fillColour_ = colour; }
     void SetFillStyleSolid() override {}
     void Line(double x1, double y1, double x2, double y2, Colour colour) override {
-        Segments.push_back({x1, y1, x2, y2, colour});
+        Segments.push_back({x1, y1, x2, y2, colour, drawWidth_});
+        Order += 'l';
     }
     void Curve(std::span<const PanelPoint> points, Colour colour) override {
         Traces.push_back({{points.begin(), points.end()}, colour, drawWidth_});
+        Order += 'c';
     }
-    void FilledBox(double, double, double, double) override { Calls += 'B'; }
+    void FilledBox(double x1, double y1, double x2, double y2) override {
+        Boxes.push_back({x1, y1, x2, y2, foreColour_});
+        Order += 'b';
+    }
     void Print(double x, double y, std::string_view text) override {
-        Texts.push_back({x, y, std::string(text), font_});
+        Texts.push_back({x, y, std::string(text), font_, foreColour_});
+        Order += 't';
     }
-    void FloodFill(int, int, Colour) override { Calls += 'F'; }
+    void FloodFill(int x, int y, Colour borderColour) override {
+        Fills.push_back({x, y, borderColour, fillColour_});
+        Order += 'f';
+    }
     void StretchImage(const Image&, double, double, double, double) override { Calls += 'I'; }
 
 private:
@@ -86,6 +115,7 @@ private:
     bool persistent_ = false;
     int drawWidth_ = 1;
     Colour foreColour_ = 0;
+    Colour fillColour_ = 0;
     std::string font_;
 };
 

@@ -1,16 +1,23 @@
 #include "support/SessionTest.h"
 
+#include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
+#include "analysis/History.h"
+#include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
+#include "analysis/SpectrumPanel.h"
+#include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
 #include "session/AnalysisBuffers.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
+#include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
+#include "session/Settings.h"
 
 namespace pulselark {
 
@@ -30,6 +37,14 @@ void PutEverythingBack() {
     EcgPixelUnit = 0;
     ColourSchemeIndex = 0;
     SolidGraphs = Off;
+    ResetSpectrumDisplay();
+    ResetCoherenceDisplay();
+    ResetHrvDisplay();
+    ResetHistoryDisplay();
+    ResetSettings();
+    ResetModulePanels();
+    PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
+    fileList.clear();
     LastFileLine = 0;
     SetProgramFolder("");
     LanguageIndex = 0;

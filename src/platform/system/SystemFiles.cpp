@@ -1,10 +1,12 @@
 #include "platform/system/SystemFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <new>
+#include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -121,19 +123,23 @@ std::string TemporaryName(const std::string& folder) {
 // Gives a file without a name the target's. Only between the two calls can a killed program leave anything
 // behind.
 int NameAs(int file, const std::string& folder, const std::string& target) {
+    constexpr int Tries = 100;
     const std::string self = "/proc/self/fd/" + std::to_string(file);
-    std::string name = TemporaryName(folder);
-    const Descriptor taken(::mkostemp(name.data(), O_CLOEXEC)); // a free name
-    if (taken.Number() < 0)
-        return errno;
-    ::unlink(name.c_str());
-    if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
-        return errno;
-    if (::rename(name.c_str(), target.c_str()) == 0)
-        return 0;
-    const int error = errno;
-    ::unlink(name.c_str());
-    return error;
+    for (int i = 0; i < Tries; ++i) {
+        const std::string name =
+            folder + "/.pulselark." + std::to_string(::getpid()) + "." + std::to_string(i);
+        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0) {
+            if (errno == EEXIST)
+                continue;
+            return errno;
+        }
+        if (::rename(name.c_str(), target.c_str()) == 0)
+            return 0;
+        const int error = errno;
+        ::unlink(name.c_str());
+        return error;
+    }
+    return EEXIST;
 }
 
 int ReplaceByUnnamed(int number, const std::string& folder, const std::string& target, mode_t rights,
@@ -183,6 +189,10 @@ void FlushFolder(const std::string& folder) {
     const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (descriptor.Number() >= 0)
         static_cast<void>(::fsync(descriptor.Number()));
+}
+
+bool HasExtension(const std::filesystem::path& name, const std::string& extension) {
+    return ::strcasecmp(name.extension().c_str(), extension.c_str()) == 0;
 }
 
 } // namespace
@@ -238,6 +248,26 @@ Integer SystemFiles::ReplaceWhole(const std::string& name, const std::string& by
     if (error != 0)
         return NumberOf(error, FailurePathNotFound);
     FlushFolder(folder);
+    return 0;
+}
+
+Integer SystemFiles::ListFolder(const std::string& folder, const std::string& extension,
+                                std::vector<std::string>& names) {
+    names.clear();
+    if (folder.empty())
+        return FailureBadFileName;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        std::error_code gone; // a file that goes while the folder is listed is no file of it
+        if (HasExtension(entry->path(), extension) && entry->is_regular_file(gone))
+            names.push_back(entry->path().filename().string());
+    }
+    if (error) {
+        names.clear();
+        return NumberOf(error.value(), FailurePathNotFound);
+    }
+    std::sort(names.begin(), names.end());
     return 0;
 }
 

@@ -1,0 +1,13 @@
+#pragma once
+
+/// The arrangement of the module panels and of the window around them.
+namespace pulselark {
+
+/// Puts panels and window to the built-in layout and draws the panels. The overlay `frmScale` stays where it
+/// is.
+void DefaultLayout();
+
+/// Places the parts of the canvas window for its present size.
+void LayoutCanvas();
+
+} // namespace pulselark

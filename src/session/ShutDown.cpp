@@ -1,0 +1,51 @@
+#include "session/ShutDown.h"
+
+#include "feedback/SendAppData.h"
+#include "persistence/AppSettings.h"
+#include "persistence/Configuration.h"
+#include "persistence/DropSession.h"
+#include "persistence/TrainingSettings.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+#include "session/Monitor.h"
+#include "session/SessionButtons.h"
+
+namespace pulselark {
+
+namespace {
+
+void TellPartners() {
+    SendAppCommand(TrainingActive != Off ? 227 : 321, 0, 0, 0, 0);
+    if (AppLinkOnly != Off)
+        SendAppCommand(227, 0, 0, 0, 0);
+}
+
+void EndRecording() {
+    if (SessionRunning == Off)
+        return;
+    timProcess.Enabled = false;
+    if (DryTesting == Off)
+        CloseMonitor();
+    timLedBlink.Enabled = false;
+    RefreshSessionButtons(true);
+}
+
+} // namespace
+
+bool ExitProgram() {
+    if (SessionBusy() || SeekBusy != Off || DialogOpen != Off)
+        return false;
+    TellPartners();
+    EndRecording();
+    if (!MayDropSession(TextSaveBeforeExit))
+        return false;
+    timReplay.Enabled = false;
+    SaveTrainingSettings();
+    SaveAppSettings();
+    if (TrainingActive == Off)
+        SaveConfig(PreviousConfig);
+    return true;
+}
+
+} // namespace pulselark

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace pulselark {
+
+/// The orderly end of the program, from the file menu and the close box: partners are told, an unsaved
+/// session is asked about, settings and layout are written. Returns whether the program may end now; a
+/// cancelled question, or a save that failed, brings the user back.
+bool ExitProgram();
+
+} // namespace pulselark

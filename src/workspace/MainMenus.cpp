@@ -1,0 +1,133 @@
+#include "workspace/MainMenus.h"
+
+#include "persistence/Configuration.h"
+#include "persistence/OpenSession.h"
+#include "persistence/SaveSession.h"
+#include "platform/Platform.h"
+#include "platform/system/ProcessPriority.h"
+#include "session/MainBuffers.h"
+#include "workspace/Look.h"
+#include "workspace/Texts.h"
+#include "workspace/frmViewMenu.h"
+
+#include <QActionGroup>
+#include <QMenuBar>
+
+#include <utility>
+
+namespace pulselark {
+
+MainMenus::MainMenus(QMenuBar* bar, QWidget* window, MenuRoutines routines)
+    : QObject(window), window_(window), routines_(std::move(routines)), file_(bar->addMenu(QString())),
+      view_(new frmViewMenu(window, routines_.LookChanged, routines_.Run)), tools_(nullptr), help_(nullptr) {
+    file_->setObjectName("frmFileMenu");
+    bar->addMenu(view_);
+    tools_ = bar->addMenu(QString());
+    tools_->setObjectName("frmToolsMenu");
+    help_ = bar->addMenu(QString());
+    help_->setObjectName("frmHelpMenu");
+    BuildFileMenu();
+    BuildToolsMenu();
+    BuildHelpMenu();
+    // Shortcuts of a menu work only while their actions belong to the window.
+    for (const QMenu* menu : {file_, tools_, help_})
+        window_->addActions(menu->actions());
+    Retranslate();
+}
+
+QAction* MainMenus::Add(QMenu* menu, int text, const char* name, std::function<void()> routine) {
+    QAction* action = menu->addAction(QString());
+    action->setObjectName(name);
+    entries_.push_back({action, text});
+    if (routine)
+        connect(action, &QAction::triggered, this, [routine = std::move(routine)] { routine(); });
+    return action;
+}
+
+QAction* MainMenus::AddCore(QMenu* menu, int text, const char* name, void (*routine)()) {
+    return Add(menu, text, name, [this, routine] { routines_.Run(routine); });
+}
+
+void MainMenus::AddGreyed(QMenu* menu, int text, const char* name) {
+    Add(menu, text, name, nullptr)->setEnabled(false);
+}
+
+void MainMenus::BuildFileMenu() {
+    open_ = AddCore(file_, TextMenuOpenSession, "labOpenSession", &OpenSessionFromMenu);
+    open_->setShortcut(QKeySequence::Open);
+    save_ = AddCore(file_, TextMenuSaveSession, "labSaveSession", &SaveSession);
+    save_->setShortcut(QKeySequence::Save);
+    AddGreyed(file_, TextMenuSessionDocument, "labSessionDocument");
+    file_->addSeparator();
+    AddGreyed(file_, TextMenuExportScan, "labExportScan");
+    AddGreyed(file_, TextMenuPrint, "labPrint");
+    file_->addSeparator();
+    AddCore(file_, TextMenuLoadConfig, "labLoadConfig", [] { LoadConfig(ChosenConfig); });
+    AddCore(file_, TextMenuSaveConfig, "labSaveConfig", [] { SaveConfig(ChosenConfig); });
+    AddGreyed(file_, TextMenuTraining, "labTraining");
+    file_->addSeparator();
+    Add(file_, TextMenuExit, "labExit", routines_.Exit)->setShortcut(QKeySequence("Ctrl+Q"));
+}
+
+void MainMenus::BuildToolsMenu() {
+    Add(tools_, TextSettings, "labSettings", routines_.Settings)->setShortcut(QKeySequence("Ctrl+,"));
+    Add(tools_, TextMenuLanguageEditor, "labLanguageEditor", routines_.LanguageEditor);
+    Add(tools_, TextMenuSnapshot, "labSnapshot", routines_.Snapshot)->setShortcut(QKeySequence("Ctrl+P"));
+    tools_->addSeparator();
+    AddGreyed(tools_, TextMenuBreathingTool, "labBreathingTool");
+    AddGreyed(tools_, TextMenuStoneGarden, "labStoneGarden");
+    tools_->addSeparator();
+    auto* priorities = new QActionGroup(tools_);
+    for (const bool high : {false, true}) {
+        QAction* action = Add(tools_, high ? TextMenuPriorityHigh : TextMenuPriorityNormal,
+                              high ? "labPriorityHigh" : "labPriorityNormal", nullptr);
+        action->setCheckable(true);
+        action->setChecked(!high);
+        action->setActionGroup(priorities);
+        QAction* other = high ? priorities->actions().constFirst() : nullptr;
+        connect(action, &QAction::triggered, this, [this, high, other] {
+            if (SetProcessPriority(high) == 0)
+                return;
+            if (other != nullptr)
+                other->setChecked(true);
+            routines_.Run([] { ThePlatform().Messages.Show(LanguageText(TextPriorityRefused), ButtonOK); });
+        });
+    }
+}
+
+void MainMenus::BuildHelpMenu() {
+    Add(help_, TextMenuUserGuide, "labUserGuide", routines_.UserGuide)
+        ->setShortcut(QKeySequence::HelpContents);
+    Add(help_, TextMenuAbout, "labAbout", routines_.About);
+}
+
+void MainMenus::Mirror() {
+    open_->setEnabled(!SessionBusy());
+    save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
+}
+
+void MainMenus::ApplyLook() {
+    for (QMenu* menu : {file_, static_cast<QMenu*>(view_), tools_, help_}) {
+        menu->setAttribute(Qt::WA_TranslucentBackground);
+        menu->setFont(TextFont(13));
+        menu->setStyleSheet(MenuStyle());
+    }
+}
+
+void MainMenus::Retranslate() {
+    const auto title = [](QMenu* menu, int text) {
+        menu->setTitle(Text(text));
+        menu->setAccessibleName(Text(text));
+    };
+    title(file_, TextMenuFile);
+    title(tools_, TextMenuTools);
+    title(help_, TextMenuHelp);
+    for (const Entry& entry : entries_) {
+        const bool priority = entry.Text == TextMenuPriorityNormal || entry.Text == TextMenuPriorityHigh;
+        entry.Action->setText(priority ? Text(TextMenuProcessPriority) + ": " + Text(entry.Text)
+                                       : Text(entry.Text));
+    }
+    view_->Retranslate();
+}
+
+} // namespace pulselark

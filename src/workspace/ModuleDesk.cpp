@@ -1,0 +1,201 @@
+#include "workspace/ModuleDesk.h"
+
+#include "analysis/ColourSchemes.h"
+#include "platform/qt/QtColour.h"
+#include "session/Controls.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/ModulePanels.h"
+#include "session/Settings.h"
+#include "workspace/DefaultPlaces.h"
+#include "workspace/ModuleFrame.h"
+#include "workspace/Texts.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <utility>
+
+namespace pulselark {
+
+namespace {
+
+constexpr float Twips = 15;
+
+int Pixels(float twips) {
+    return static_cast<int>(std::lround(twips / Twips));
+}
+
+QRect PixelRect(const PanelPlace& place) {
+    const QPoint topLeft(Pixels(place.Left), Pixels(place.Top));
+    return {topLeft, QSize(Pixels(place.Left + place.Width) - topLeft.x(),
+                           Pixels(place.Top + place.Height) - topLeft.y())};
+}
+
+void PutAt(PanelPlace& panel, const QRectF& rect) {
+    panel.Left = static_cast<float>(rect.x() * Twips);
+    panel.Top = static_cast<float>(rect.y() * Twips);
+    panel.Width = static_cast<float>(rect.width() * Twips);
+    panel.Height = static_cast<float>(rect.height() * Twips);
+}
+
+// A place keeps its share of the work area.
+QRectF Scaled(const PanelPlace& panel, const QRectF& from, const QRectF& to) {
+    const double sx = to.width() / from.width();
+    const double sy = to.height() / from.height();
+    return {to.x() + (static_cast<double>(panel.Left) / Twips - from.x()) * sx,
+            to.y() + (static_cast<double>(panel.Top) / Twips - from.y()) * sy, panel.Width / Twips * sx,
+            panel.Height / Twips * sy};
+}
+
+// The built-in layout on a desk of any size: the five analysis panels fill it, the others keep their share.
+void FitBuiltInLayout(const QRect& area, int gap) {
+    const QRect design(10, 40, 980, 570);
+    const auto places = DefaultPlaces(area, gap);
+    for (std::size_t i = 0; i < picModule.size(); ++i)
+        PutAt(picModule[i], i < places.size() ? QRectF(places[i]) : Scaled(picModule[i], design, area));
+}
+
+bool BuiltInPlaces() {
+    const auto& ecg = picModule[0];
+    return ecg.Left == 150 && ecg.Top == 600 && ecg.Width == 5100 && ecg.Height == 2250;
+}
+
+} // namespace
+
+/// The overlay `frmScale`: it has no other job than to carry the outline of a drag.
+class DragOverlay final : public QWidget {
+public:
+    explicit DragOverlay(QWidget* window) : QWidget(window) {
+        setObjectName("frmScale");
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QColor accent = ToQColor(CurrentScheme().Accent);
+        QColor fill = accent;
+        fill.setAlphaF(0.08F);
+        painter.setPen(QPen(accent, 2));
+        painter.setBrush(fill);
+        painter.drawRoundedRect(QRectF(PixelRect(DragOutline)).adjusted(1, 1, -1, -1), 8, 8);
+    }
+};
+
+ModuleDesk::ModuleDesk(QWidget* window, std::function<void(const std::function<void()>&)> run)
+    : QObject(window), window_(window), run_(std::move(run)), overlay_(new DragOverlay(window)) {
+    constexpr std::array<Icon, 7> Pictures{Icon::EcgInput, Icon::Spectrum,  Icon::Coherence, Icon::History,
+                                           Icon::Hrv,      Icon::QuickScan, Icon::Training};
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        frames_[i] = new ModuleFrame(static_cast<int>(i), Pictures[i], window_);
+        ConnectFrame(static_cast<int>(i));
+    }
+    Retranslate();
+}
+
+void ModuleDesk::Retranslate() {
+    for (std::size_t i = 0; i < frames_.size(); ++i)
+        frames_[i]->SetTitle(Text(TextModuleEcgInput + static_cast<int>(i)));
+}
+
+void ModuleDesk::ConnectFrame(int index) {
+    TitleBar* title = frames_[static_cast<std::size_t>(index)]->Title();
+    connect(title, &TitleBar::Pressed, this,
+            [this, index](double x, double y) { run_([=] { PressPanel(index, x * Twips, y * Twips); }); });
+    connect(title, &TitleBar::Moved, this, [this, index](int button, double x, double y) {
+        if (button != 0)
+            run_([=] { DragPanel(index, button, x * Twips, y * Twips); });
+    });
+    connect(title, &TitleBar::Released, this, [this, index] { run_([=] { EndDragPanel(index); }); });
+    connect(title, &TitleBar::PinClicked, this,
+            [this] { run_([] { LockPanels = static_cast<Boolean>(~LockPanels); }); });
+    connect(title, &TitleBar::EnlargeClicked, this, [this, index] { run_([=] { EnlargePanel(index); }); });
+    connect(title, &TitleBar::CloseClicked, this, [this, index] { run_([=] { ShowPanel(index, false); }); });
+
+    constexpr std::array<void (*)(int, int, double, double), 3> Routines{&SizePanelRight, &SizePanelBottom,
+                                                                         &SizePanelCorner};
+    const auto& sizers = frames_[static_cast<std::size_t>(index)]->Sizers();
+    for (std::size_t i = 0; i < sizers.size(); ++i) {
+        connect(sizers[i], &PanelSizer::Pressed, this, [this, index](double x, double y) {
+            run_([=] { PressPanel(index, x * Twips, y * Twips); });
+        });
+        connect(sizers[i], &PanelSizer::Moved, this,
+                [this, index, routine = Routines[i]](int button, double x, double y) {
+                    run_([=] { routine(index, button, x * Twips, y * Twips); });
+                });
+        connect(sizers[i], &PanelSizer::Released, this,
+                [this, index] { run_([=] { EndSizePanel(index); }); });
+    }
+}
+
+void ModuleDesk::MeasureWindow(const QSize& window, int topBar, int statusLine, int titleBar, int gap) {
+    const QRect area = QRect(0, topBar, window.width(), window.height() - topBar - statusLine)
+                           .adjusted(gap, gap, -gap, -gap);
+    Workspace.TopBarHeight = static_cast<float>(topBar) * Twips;
+    Workspace.StatusHeight = static_cast<float>(statusLine) * Twips;
+    Workspace.TitleHeight = static_cast<float>(titleBar) * Twips;
+    Workspace.ModeBarWidth = TitleBar::MarksWidth * Twips;
+    Workspace.Gap = static_cast<float>(gap) * Twips;
+    frmCanvas.Width = static_cast<float>(window.width()) * Twips;
+    frmCanvas.Height = static_cast<float>(window.height()) * Twips;
+    titleHeight_ = titleBar;
+    if (AutoScaleAll != Off && area.width() > 0 && area.height() > 0) {
+        // As long as nobody has moved a panel, the built-in layout is fitted anew.
+        if (BuiltInPlaces() || picModule == fitted_) {
+            FitBuiltInLayout(area, gap);
+            fitted_ = picModule;
+        } else if (!workArea_.isEmpty() && workArea_ != area) {
+            for (PanelPlace& panel : picModule)
+                PutAt(panel, Scaled(panel, workArea_, area));
+        }
+    }
+    workArea_ = area;
+}
+
+bool ModuleDesk::LayOut() {
+    bool changed = channelBLaidOut_ != ChannelBPresent;
+    channelBLaidOut_ = ChannelBPresent;
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        ModuleFrame* frame = frames_[i];
+        const QRect place = PixelRect(picModule[i]);
+        const bool shown = picModule[i].Visible != Off;
+        changed = changed || frame->geometry() != place || frame->isHidden() == shown;
+        frame->setGeometry(place);
+        frame->setVisible(shown);
+    }
+    if (changed) {
+        for (ModuleFrame* frame : frames_)
+            frame->LayOut(titleHeight_, ChannelBPresent != Off);
+    }
+    if (orderShown_ != PanelOrder) {
+        orderShown_ = PanelOrder;
+        for (const int index : PanelOrder)
+            frames_[static_cast<std::size_t>(index)]->raise();
+    }
+    overlay_->raise();
+    return changed;
+}
+
+void ModuleDesk::Mirror() {
+    for (std::size_t i = 0; i < frames_.size(); ++i) {
+        frames_[i]->SetActive(ActivePanel == static_cast<int>(i));
+        frames_[i]->Title()->SetState(LockPanels != Off, PanelEnlarged(static_cast<int>(i)));
+    }
+    overlay_->setGeometry(window_->rect());
+    overlay_->setVisible(DragOutline.Visible != Off);
+    overlay_->update();
+}
+
+std::vector<ModuleDesk::Shadow> ModuleDesk::Shadows() const {
+    std::vector<Shadow> shadows;
+    for (const ModuleFrame* frame : frames_) {
+        if (!frame->isHidden())
+            shadows.push_back({frame->geometry(), frame->Active()});
+    }
+    return shadows;
+}
+
+} // namespace pulselark

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "session/ModulePanels.h"
+
+#include <QObject>
+#include <QRect>
+#include <QSize>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+class QWidget;
+
+namespace pulselark {
+
+class DragOverlay;
+class ModuleFrame;
+
+/// The seven module panels on the main window: their frames at the places that the core gives them, the mouse
+/// on title bars, sizers and marks, and the overlay `frmScale` with the outline of a drag.
+class ModuleDesk final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `run` takes a routine through the core and shows the outcome.
+    ModuleDesk(QWidget* window, std::function<void(const std::function<void()>&)> run);
+
+    ModuleFrame* Frame(std::size_t index) const { return frames_[index]; }
+
+    /// Tells the core the sizes of the window and of its bars. With `AutoScaleAll` the panels keep their
+    /// proportions of the work area.
+    void MeasureWindow(const QSize& window, int topBar, int statusLine, int titleBar, int gap);
+    /// Brings the frames to their places. Returns whether any place has changed.
+    bool LayOut();
+    void Retranslate();
+    void Mirror();
+
+    /// Where the desk throws a shadow for a module; a deeper one for the module that is worked in.
+    struct Shadow {
+        QRect Place;
+        bool Active;
+    };
+    std::vector<Shadow> Shadows() const;
+
+private:
+    void ConnectFrame(int index);
+
+    QWidget* window_;
+    std::function<void(const std::function<void()>&)> run_;
+    std::array<ModuleFrame*, ModulePanelCount> frames_{};
+    DragOverlay* overlay_;
+    QRect workArea_;
+    std::array<PanelPlace, ModulePanelCount> fitted_{}; // the built-in layout, as it was fitted last
+    int titleHeight_ = 28;
+    short channelBLaidOut_ = 0;
+    std::array<int, ModulePanelCount> orderShown_{};
+};
+
+} // namespace pulselark

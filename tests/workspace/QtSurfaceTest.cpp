@@ -1,0 +1,191 @@
+#include "platform/qt/QtSurface.h"
+
+#include "analysis/ColourSchemes.h"
+#include "platform/qt/QtColour.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace pulselark {
+namespace {
+
+constexpr Colour Ground = 0x2B0F0A;
+constexpr Colour Red = 0x0000FF;
+constexpr Colour Green = 0x00FF00;
+
+class Screen : public testing::Test {
+protected:
+    void Open(int width, int height, double density, const Image& ground = {1, 1, {Ground}}) {
+        Surface.Resize(width, height, density);
+        Surface.StretchImage(ground, 0, 0, width, height);
+        Surface.StorePicture(Surface);
+    }
+    // Counts from the upper left corner, in device pixels.
+    Colour At(int x, int y) const { return FromQColor(Surface.Picture().pixelColor(x, y)); }
+    int Count(Colour colour) const {
+        const QImage& picture = Surface.Picture();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                count += At(x, y) == colour ? 1 : 0;
+        }
+        return count;
+    }
+
+    QtSurface Surface;
+};
+
+// Relative luminance and contrast of WCAG 2.1.
+double Contrast(Colour a, Colour b) {
+    const auto luminance = [](Colour c) {
+        const double weights[] = {0.2126, 0.7152, 0.0722};
+        double sum = 0;
+        for (unsigned i = 0; i < 3; ++i) {
+            const double v = ((c >> (8 * i)) & 255U) / 255.0;
+            sum += weights[i] * (v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4));
+        }
+        return sum;
+    };
+    const double la = luminance(a);
+    const double lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+TEST_F(Screen, GridLinesLieOnWholeDevicePixels) {
+    for (const double density : {1.0, 1.5, 2.0, 3.0}) {
+        for (const int width : {1, 2}) {
+            for (const double place : {20.0, 20.3, 20.5, 20.7}) {
+                Open(60, 40, density);
+                Surface.SetDrawWidth(width);
+                Surface.Line(place, 0, place, 40, Red);
+                const int thick = (density >= 2 ? 2 : 1) * width;
+                const int rows = static_cast<int>(40 * density);
+                EXPECT_EQ(Count(Red), thick * rows) << density << " " << place;
+                EXPECT_EQ(Count(Red) + Count(Ground), 60 * density * rows) << "a mixed pixel";
+                Surface.Refresh();
+                Surface.Line(5, place, 45, place, Red);
+                EXPECT_EQ(Count(Red) + Count(Ground), 60 * density * rows);
+                const int column = static_cast<int>(30 * density);
+                int high = 0;
+                double middle = 0;
+                for (int y = 0; y < rows; ++y) {
+                    high += At(column, y) == Red ? 1 : 0;
+                    middle += At(column, y) == Red ? y + 0.5 : 0;
+                }
+                ASSERT_EQ(high, thick);
+                EXPECT_NEAR(middle / high, (40 - place) * density, 1.01);
+            }
+        }
+    }
+}
+
+TEST_F(Screen, TextCanBeReadInEveryScheme) {
+    for (int scheme = 0; scheme < ColourSchemeCount; ++scheme) {
+        const ColourScheme& colours = ColourSchemes[static_cast<std::size_t>(scheme)];
+        for (const Colour fixed : {colours.Text, colours.Caption, 0xE88284U, 0x474AE1U, 0xA46B79U}) {
+            Open(60, 40, 1, picModBGSrc(scheme));
+            Surface.SetFont("Arial", 14, true);
+            Surface.SetForeColour(fixed);
+            Surface.Print(10, 30, "III");
+            // The strokes are thick enough to show the ink itself: the pixel furthest from the background.
+            const Colour ground = picModBGSrc(scheme).PixelAt(32, 128);
+            Colour ink = ground;
+            for (int y = 10; y < 30; ++y) {
+                for (int x = 10; x < 40; ++x) {
+                    if (Contrast(At(x, y), ground) > Contrast(ink, ground))
+                        ink = At(x, y);
+                }
+            }
+            for (const int row : {0, 128, 255})
+                EXPECT_GE(Contrast(ink, picModBGSrc(scheme).PixelAt(32, row)), 4.5 - 1e-9) << scheme;
+            const bool readable = Contrast(fixed, ground) > 5; // keeps its colour
+            EXPECT_EQ(ink == fixed || !readable, true) << scheme << " " << fixed;
+            EXPECT_EQ(scheme == 1 && fixed == 0xE88284U, ink == 0xC36D6FU); // #6F6DC3
+            EXPECT_EQ(scheme == 3 && fixed == 0x474AE1U, ink == 0x4042C9U); // #C94240
+            Surface.Line(0, 5, 60, 5, fixed);
+            EXPECT_EQ(At(30, 35), fixed); // lines always do
+        }
+    }
+}
+
+TEST_F(Screen, AFillStopsAtItsBorder) {
+    Open(40, 30, 2);
+    for (const double x : {10.0, 30.0})
+        Surface.Line(x, 5, x, 25, Red);
+    for (const double y : {5.0, 25.0})
+        Surface.Line(10, y, 31, y, Red);
+    const int border = Count(Red);
+    Surface.SetFillColour(Green);
+    Surface.FloodFill(20, 15, Red);
+    EXPECT_EQ(Count(Red), border);
+    EXPECT_EQ(Count(Green), 38 * 38);
+    EXPECT_EQ(At(10, 10), Ground);
+    Surface.FloodFill(2000, 15, Red); // outside
+    Surface.FloodFill(2, 2, Red);
+    EXPECT_EQ(Count(Ground), 0);
+}
+
+TEST_F(Screen, TheAreaUnderACurveIsFilled) {
+    for (const double density : {1.0, 2.0}) {
+        Open(80, 60, density);
+        std::vector<PanelPoint> hill; // two slopes, one at each end above the baseline
+        for (int i = 0; i <= 60; ++i)
+            hill.push_back({10.0 + i, 20 + 0.5 * (30 - std::abs(i - 30))});
+        Surface.SetDrawWidth(1);
+        Surface.Curve(hill, Red);
+        Surface.Line(10, 20, 10, 12, Red);
+        Surface.Line(70, 20, 70, 12, Red);
+        Surface.Line(10, 12, 70, 12, Red);
+        Surface.SetFillColour(Green);
+        Surface.FloodFill(40, 47, Red);
+        for (int x = 13; x < 68; ++x) {
+            const double top = 20 + 0.5 * (30 - std::abs(x - 40));
+            const int column = static_cast<int>(x * density);
+            EXPECT_EQ(At(column, static_cast<int>((60 - top + 3) * density)), Green) << x;
+            EXPECT_EQ(At(column, static_cast<int>(46 * density)), Green) << x;
+            EXPECT_EQ(At(column, static_cast<int>((60 - top - 3) * density)), Ground) << x;
+            EXPECT_EQ(At(column, static_cast<int>(50 * density)), Ground) << x;
+        }
+    }
+}
+
+TEST_F(Screen, ARimKeepsCurvesOffLargeText) {
+    Open(120, 40, 1);
+    Surface.SetForeColour(Green);
+    Surface.FilledBox(0, 0, 120, 40);
+    Surface.SetFont("Arial", 14, true);
+    Surface.SetForeColour(0xFFFFFF);
+    Surface.Print(10, 30, "80 BPMc");
+    int letters = 0;
+    for (int y = 1; y < 39; ++y) {
+        for (int x = 1; x < 119; ++x) {
+            if (At(x, y) != 0xFFFFFF)
+                continue;
+            ++letters;
+            for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
+                EXPECT_NE(At(x + dx, y + dy), Green);
+        }
+    }
+    EXPECT_GT(letters, 100);
+    EXPECT_GT(Count(Ground), letters / 2);
+    Surface.SetFont("MS Sans Serif", 8, false); // small text has none
+    const int rim = Count(Ground);
+    Surface.Print(92, 30, "100%");
+    EXPECT_EQ(Count(Ground), rim);
+}
+
+TEST_F(Screen, OfNoSizeNothingIsDrawn) {
+    Open(0, 10, 1);
+    Surface.Line(0, 0, 5, 5, Red);
+    Surface.Print(0, 0, "x");
+    Surface.FloodFill(0, 0, Red);
+    Surface.Refresh();
+    EXPECT_EQ(Surface.Width(), 0);
+    EXPECT_TRUE(Surface.Picture().isNull());
+}
+
+} // namespace
+} // namespace pulselark
