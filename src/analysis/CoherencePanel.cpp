@@ -2,6 +2,7 @@
 
 #include "analysis/GCoherence.h"
 #include "analysis/GainDrag.h"
+#include "analysis/RatioMarks.h"
 #include "analysis/Waterfall.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -143,6 +144,7 @@ void DrawCoherence(const CoherenceView& view) {
     DrawPercentAxis(panel, view.Caption);
     if (RecordedSeconds < 1)
         return; // nothing is recorded and no session is open
+    DrawRatioMarks(panel, view.PeakIndex, PlotLeft(panel), (panel.Width() - PlotLeft(panel)) * 4 / 512);
     DrawCurves(panel, view);
     if (ShowBpmCoherence != Off)
         PrintPeakRate(panel, view);

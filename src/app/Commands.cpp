@@ -22,6 +22,7 @@ std::string HelpText() {
            "  pulselark --help | --version\n"
            "\n"
            "For the window:\n"
+           "  --no-splash                              starts without the splash and its waiting\n"
            "  --full-speed                             replays the session as fast as it can, then ends\n"
            "  --picture FILE.png                       with --full-speed: leaves a picture of the workspace\n"
            "\n"

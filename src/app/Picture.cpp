@@ -113,6 +113,7 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
     WindowPlatform platform;
     platform.SetUnattended();
     StartCore(false);
+    FinishStartUp();
     ColourSchemeIndex = static_cast<Integer>(options->Scheme);
     SolidGraphs = ToBoolean(options->Filled);
     OpenSessionFile(options->File);
@@ -123,7 +124,6 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
                         ExitFailure);
     ReplayUpTo(options->Second);
 
-    FinishStartUp();
     frmMain window(platform);
     window.resize(options->Width, options->Height);
     window.show();

@@ -5,6 +5,7 @@
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
+#include "platform/system/DesktopEntry.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
@@ -100,6 +101,8 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
         window.Mirror();
         return RunFullSpeed(window, options);
     }
+    if (ShortcutDone == Off)
+        ShortcutDone = ToBoolean(CreateDesktopShortcut() == 0);
     frmAbout_new splash(nullptr, options.Version.c_str());
     const bool waits = options.Splash && ShowAboutAtStart != Off;
     splash.ShowAsSplash({!waits, ReducedMotion()}, [&] {
