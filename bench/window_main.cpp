@@ -2,8 +2,13 @@
 // window, on a workspace of 1600 x 1000 with two channels and waterfalls of seven layers; beside the same
 // curves as bare polylines.
 #include "BenchSession.h"
+#include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
+#include "analysis/History.h"
+#include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
+#include "analysis/ScaleDrag.h"
+#include "analysis/SpectrumPanel.h"
 #include "persistence/OpenSession.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -119,6 +124,39 @@ Shares MeasureTicks(frmMain& window, BareCurves& bare) {
     return shares;
 }
 
+// Median milliseconds of one movement of the mouse while a scale is dragged, the picture it leads to
+// included.
+double MeasureDrag(frmMain& window, void (*drag)(int button, double x, double y)) {
+    constexpr int Moves = 200;
+    std::vector<double> milliseconds;
+    BeginScaleDrag();
+    drag(0, 100, 50);
+    for (int i = 1; i <= Moves; ++i) {
+        Time(milliseconds, [&] {
+            drag(1, 100 + i % 40, 50 + i % 30);
+            window.Mirror();
+            QCoreApplication::processEvents();
+        });
+    }
+    CancelScaleDrag();
+    return Median(milliseconds);
+}
+
+void PrintDrags(frmMain& window) {
+    struct Panel {
+        const char* Name;
+        void (*Drag)(int, double, double);
+    };
+    const Panel panels[] = {{"spectrum", [](int b, double x, double y) { DragSpectrumScale(b, x, y, 530); }},
+                            {"coherence", [](int b, double, double y) { DragCoherenceScale(b, y); }},
+                            {"history", &DragHistoryScale},
+                            {"HRV", [](int b, double, double y) { DragHrvScale(b, y); }}};
+    std::printf("dragging a scale, pictures a second:");
+    for (const Panel& panel : panels)
+        std::printf("  %s %.0f", panel.Name, 1000 / MeasureDrag(window, panel.Drag));
+    std::printf("\n");
+}
+
 void Print(const char* title, const Shares& shares) {
     const double bare = Median(shares.Bare);
     std::printf("%-10s tick %6.2f ms = analysis %5.2f + drawing %5.2f + painting %5.2f   seek %6.2f ms   "
@@ -151,6 +189,7 @@ int main(int argc, char** argv) {
         SolidGraphs = solid;
         window.ApplyLook();
         Print(solid != Off ? "filled" : "unfilled", MeasureTicks(window, bare));
+        PrintDrags(window);
     }
     return 0;
 }

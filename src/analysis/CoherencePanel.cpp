@@ -125,8 +125,8 @@ void PrintPeakRate(Surface& panel, const CoherenceView& view) {
     if (rate <= LeastRate || rate >= MostRate)
         return;
     const double margin = panel.TextWidth("00");
-    const double textHeight = panel.TextHeight("0");
     panel.SetFont("Arial", 14, true);
+    const double textHeight = panel.TextHeight("0");
     const double scale = panel.Height() * CoherenceGain / 13.3;
     panel.Print(view.PeakIndex * panel.Width() / 128 + margin,
                 scale * view.Coherence.at(AnalysisSecond + 1) + 1.5 * textHeight,

@@ -119,6 +119,9 @@ void DrawTimes(Surface& panel, double secondWidth) {
     const Integer step =
         ChooseGridStep(panel.TextWidth("00:00"), panel.Width(), HistorySpanSeconds, GridSteps::Narrow);
     panel.SetForeColour(TimeLabelColour);
+    // Where even the widest step leaves no room, only every second label is printed, by its time, so that
+    // they do not jump.
+    const bool sparse = step * secondWidth < panel.TextWidth("00:00");
     for (Long k = 0; k <= AnalysisSecond / step; ++k) {
         const double x = panel.Width() - (AnalysisSecond - k * step) * secondWidth;
         if (x <= left)
@@ -127,7 +130,7 @@ void DrawTimes(Surface& panel, double secondWidth) {
         const std::string label = FormatMinSec(k * step);
         // A label that the right edge would cut is left out.
         const double width = panel.TextWidth(label);
-        if (x + width / 2 <= panel.Width())
+        if (x + width / 2 <= panel.Width() && !(sparse && k % 2 != 0))
             panel.Print(x - width / 2, textHeight, label);
     }
 }
@@ -240,6 +243,8 @@ void DrawHistory(const HistoryView& view) {
     panel.SetDrawWidth(1);
     const Colour foreground = panel.ForeColour();
     const double secondWidth = HistorySpanSeconds > 0 ? panel.Width() / HistorySpanSeconds : 0;
+    // A style without the rate has no mean of it to tell.
+    view.Rate.Visible = StyleOf(HistoryStyle).Rate != SeriesStyle::None;
     DrawScales(view);
     DrawTimes(panel, secondWidth);
     if (AnalysisSecond > 2) {
@@ -317,7 +322,10 @@ void DragHistoryScale(int button, double x, double y) {
         track.DragX = static_cast<float>(x);
         AnchorGainDrag(track, y, HistoryGain, GainLimits);
         const double t = 100 * std::log(HistorySpanSeconds) / std::log(SpanBase);
-        track.DragSpan = track.DragSpanApplied = t < LeastSpanScale || t > MostSpanScale ? 100 : t;
+        // The whole seconds of a limit miss its scale by a little.
+        constexpr double Tolerance = 0.5;
+        const bool inside = t >= LeastSpanScale - Tolerance && t <= MostSpanScale + Tolerance;
+        track.DragSpan = track.DragSpanApplied = inside ? std::clamp(t, LeastSpanScale, MostSpanScale) : 100;
         return;
     }
     if (button != 1)

@@ -49,11 +49,12 @@ bool Take(const std::string& text, Number least, Number most, Number& value) {
 }
 
 bool TakeSize(const std::string& text, PictureOptions& options) {
-    constexpr int Least = 320;
+    constexpr int LeastWidth = 800; // as of the window itself
+    constexpr int LeastHeight = 600;
     constexpr int Most = 8192;
     const std::size_t cross = text.find('x');
-    return cross != std::string::npos && Take(text.substr(0, cross), Least, Most, options.Width) &&
-           Take(text.substr(cross + 1), Least, Most, options.Height);
+    return cross != std::string::npos && Take(text.substr(0, cross), LeastWidth, Most, options.Width) &&
+           Take(text.substr(cross + 1), LeastHeight, Most, options.Height);
 }
 
 bool TakeOption(const std::string& name, const std::string& value, PictureOptions& options) {

@@ -11,6 +11,7 @@
 #include <QBuffer>
 #include <QPixmap>
 #include <QStyleFactory>
+#include <QToolTip>
 #include <QWidget>
 
 namespace pulselark {
@@ -19,7 +20,9 @@ void StartToolkit() {
     QApplication::setApplicationName("PulseLark");
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setFont(TextFont(13));
-    qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; padding: 4px 8px; }");
+    QToolTip::setFont(TextFont(12));
+    qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; border-radius: 4px; "
+                        "padding: 4px 8px; }");
 }
 
 void StartCore(bool readSettings) {

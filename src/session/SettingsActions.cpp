@@ -177,6 +177,15 @@ void SetColourScheme(int scheme) {
         ColourSchemeIndex = static_cast<Integer>(scheme);
 }
 
+void ChooseLanguage(int language) {
+    if (language >= 0 && language < NamedLanguageCount)
+        LanguageIndex = static_cast<Integer>(language);
+}
+
+void SwitchBiofeedback() {
+    MidiInPanels = static_cast<Boolean>(~MidiInPanels);
+}
+
 void SetSpectrumDepthKnob(Integer position) {
     TurnKnob(SpectrumDepthKnob, SpectrumDepth, position, &SpectrumDepthFromKnob, &RedrawSpectrum);
 }

@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
-/// What the settings form does: 21 toggles, 4 actions, 5 knobs. Each change takes effect on the panels at once.
-/// While a session is read or scanned only the values change, since all panels are drawn after it.
+/// What the settings form does: 21 toggles, 4 actions, 5 knobs. Each change takes effect on the panels at
+/// once. While a session is read or scanned only the values change, since all panels are drawn after it.
 namespace pulselark {
 
 // Toggles that are told apart by what they do beyond turning a value over.
@@ -45,6 +45,12 @@ std::string SettingActionCaption(int index);
 
 /// Chooses a colour set, 0 to 4; any other does nothing. The panels are for the window to lay out anew.
 void SetColourScheme(int scheme);
+
+/// Chooses one of the named languages, 0 to 16; any other does nothing. The texts are for the windows to set.
+void ChooseLanguage(int language);
+
+/// The biofeedback switch: the sound engine with the panels, on or off.
+void SwitchBiofeedback();
 
 inline constexpr Integer KnobEnd = 1000; ///< positions of a knob are 0 to this
 

@@ -73,7 +73,7 @@ PanelView* AnalysisPanels::AddPanel(int module, const char* name, bool withTwin)
 
 void AnalysisPanels::BuildEcg() {
     ecg_ = {AddPanel(EcgModule, "picIA", true), AddPanel(EcgModule, "picIB", true)};
-    ecg_[0]->SetNotice(&labNoSession);
+    ecg_[0]->SetNotices({&labNoSession});
     desk_.Frame(EcgModule)->SetPanels(ecg_[0], ecg_[1]);
     picIA = &ecg_[0]->Surface();
     picIAP = &ecg_[0]->Twin();
@@ -87,7 +87,7 @@ void AnalysisPanels::BuildSpectrum() {
     spectrum_ = {AddPanel(SpectrumModule, "picSA", false), AddPanel(SpectrumModule, "picSB", false)};
     const auto [a, b] = spectrum_;
     a->SetCaptions({&labLeftS});
-    a->SetNotice(&labNoSession);
+    a->SetNotices({&labNoSession});
     b->SetCaptions({&labRightS});
     desk_.Frame(SpectrumModule)->SetPanels(a, b);
     picSA = &a->Surface();
@@ -103,7 +103,7 @@ void AnalysisPanels::BuildCoherence() {
     coherence_ = {AddPanel(CoherenceModule, "picGCA", false), AddPanel(CoherenceModule, "picGCB", false)};
     const auto [a, b] = coherence_;
     a->SetCaptions({&labLeftGC});
-    a->SetNotice(&labNoSession);
+    a->SetNotices({&labNoSession});
     b->SetCaptions({&labRightGC});
     desk_.Frame(CoherenceModule)->SetPanels(a, b);
     picGCA = &a->Surface();
@@ -117,7 +117,7 @@ void AnalysisPanels::BuildHistory() {
     history_ = {AddPanel(HistoryModule, "picHisA", false), AddPanel(HistoryModule, "picHisB", false)};
     const auto [a, b] = history_;
     a->SetCaptions(HistoryCaptions(labLeftHis, labBPMA));
-    a->SetNotice(&labNoSession);
+    a->SetNotices({&labNoSession});
     b->SetCaptions(HistoryCaptions(labRightHis, labBPMB));
     desk_.Frame(HistoryModule)->SetPanels(a, b);
     picHisA = &a->Surface();
@@ -131,8 +131,8 @@ void AnalysisPanels::BuildHrv() {
     bars_ = {AddPanel(HrvModule, "picHRVPowerA", false), AddPanel(HrvModule, "picHRVPowerB", false)};
     hrv_[0]->SetCaptions({&labLeftHRV});
     hrv_[1]->SetCaptions({&labRightHRV});
-    hrv_[0]->SetNotice(&labHRVNoDataA);
-    hrv_[1]->SetNotice(&labHRVNoDataB);
+    hrv_[0]->SetNotices({&labNoSession, &labHRVNoDataA});
+    hrv_[1]->SetNotices({&labNoSession, &labHRVNoDataB});
     desk_.Frame(HrvModule)->SetPanels(hrv_[0], hrv_[1]);
     picHRVA = &hrv_[0]->Surface();
     picHRVB = &hrv_[1]->Surface();

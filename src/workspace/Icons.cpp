@@ -37,6 +37,15 @@ void PaintLight(QPainter& painter, Icon icon) {
         painter.drawPolyline(Points({{5, 8.2}, {7.2, 10.4}, {11, 6}}));
         return;
     }
+    if (icon == Icon::LightWeak) {
+        painter.setPen(QPen(QColor(0xF5, 0xB8, 0x3D), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(QColor(0xF5, 0xB8, 0x3D));
+        painter.drawPolygon(Points({{8, 2}, {14.5, 13.5}, {1.5, 13.5}}));
+        painter.setPen(QPen(QColor(0x33, 0x22, 0x00), 1.5, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(QPointF(8, 6), QPointF(8, 9.5));
+        painter.drawPoint(QPointF(8, 12));
+        return;
+    }
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(QColor(0xFF, 0x6B, 0x6B), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawRect(QRectF(3, 3, 10, 10));
@@ -158,6 +167,7 @@ void PaintIcon(QPainter& painter, Icon icon, const QRectF& square, const QColor&
         PaintFilled(painter, icon, colour);
         break;
     case Icon::LightGood:
+    case Icon::LightWeak:
     case Icon::LightLost:
         PaintLight(painter, icon);
         break;

@@ -29,6 +29,7 @@ enum class Icon {
     Question,
     Warning,
     LightGood,
+    LightWeak,
     LightLost,
 };
 

@@ -184,8 +184,11 @@ void ModuleDesk::Mirror() {
         frames_[i]->SetActive(ActivePanel == static_cast<int>(i));
         frames_[i]->Title()->SetState(LockPanels != Off, PanelEnlarged(static_cast<int>(i)));
     }
+    const bool dragged = DragOutline.Visible != Off;
+    if (!dragged && overlay_->isHidden())
+        return;
     overlay_->setGeometry(window_->rect());
-    overlay_->setVisible(DragOutline.Visible != Off);
+    overlay_->setVisible(dragged);
     overlay_->update();
 }
 

@@ -68,7 +68,10 @@ void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
 }
 
 void ModuleFrame::SetActive(bool active) {
+    if (active == active_)
+        return;
     active_ = active;
+    parentWidget()->update(); // the shadows are the desk's
     update();
 }
 

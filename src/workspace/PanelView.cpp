@@ -61,8 +61,10 @@ void PanelView::Mirror() {
         if (caption->Visible)
             words += QString::fromStdString(caption->Caption) + "\n";
     }
-    if (notice_ != nullptr && notice_->Visible)
-        words += QString::fromStdString(notice_->Caption);
+    for (const Label* notice : notices_) {
+        if (notice->Visible)
+            words += QString::fromStdString(notice->Caption) + "\n";
+    }
     if (words == words_)
         return;
     words_ = words;
@@ -70,7 +72,19 @@ void PanelView::Mirror() {
     update();
 }
 
-void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption) const {
+void PanelView::PaintNotice(QPainter& painter, const QString& text) const {
+    painter.setFont(TextFont(13));
+    const QRectF words = painter.boundingRect(QRectF(rect()), Qt::AlignCenter | Qt::TextWordWrap, text);
+    QColor back = ToQColor(PanelBackColour());
+    back.setAlphaF(0.86F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(back);
+    painter.drawRoundedRect(words.adjusted(-8, -4, 8, 4), 4, 4);
+    painter.setPen(PanelInk(CurrentScheme().Text));
+    painter.drawText(QRectF(rect()), Qt::AlignCenter | Qt::TextWordWrap, text);
+}
+
+void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption, Qt::Alignment alignment) const {
     const QRectF plate(caption.Left, 0, caption.Width, caption.Height);
     QColor back = ToQColor(PanelBackColour());
     back.setAlphaF(0.86F);
@@ -79,7 +93,8 @@ void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption) con
     painter.drawRoundedRect(plate, 4, 4);
     painter.setPen(PanelInk(caption.ForeColour));
     painter.setFont(PanelFont("Arial", 8, false));
-    painter.drawText(plate, Qt::AlignCenter, QString::fromStdString(caption.Caption));
+    painter.drawText(plate.adjusted(4, 0, -4, 0), Qt::AlignVCenter | alignment,
+                     QString::fromStdString(caption.Caption));
 }
 
 void PanelView::paintEvent(QPaintEvent* /*event*/) {
@@ -91,15 +106,20 @@ void PanelView::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.drawImage(QPointF(0, 0), shown_->Picture());
     painter.setRenderHint(QPainter::Antialiasing);
-    // Captions give way before anything else when a panel is narrow.
+    // Captions give way before anything else when a panel is narrow: the one at the right stays, the others
+    // where they meet neither it nor the edge.
+    const CaptionLabel* rightmost = captions_.size() > 1 ? captions_.back() : nullptr;
+    const double room = rightmost != nullptr && rightmost->Visible ? rightmost->Left - 4 : width();
     for (const CaptionLabel* caption : captions_) {
-        if (caption->Visible && caption->Left + caption->Width <= width())
-            PaintCaption(painter, *caption);
+        const bool fits = caption == rightmost || caption->Left + caption->Width <= room;
+        if (caption->Visible && !caption->Caption.empty() && fits)
+            PaintCaption(painter, *caption, caption == rightmost ? Qt::AlignRight : Qt::AlignHCenter);
     }
-    if (notice_ != nullptr && notice_->Visible) {
-        painter.setFont(TextFont(13));
-        painter.setPen(PanelInk(CurrentScheme().Text));
-        painter.drawText(rect(), Qt::AlignCenter, QString::fromStdString(notice_->Caption));
+    for (const Label* notice : notices_) {
+        if (notice->Visible && !notice->Caption.empty()) {
+            PaintNotice(painter, QString::fromStdString(notice->Caption));
+            break;
+        }
     }
 }
 

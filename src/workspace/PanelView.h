@@ -22,8 +22,9 @@ public:
 
     /// Captions over the top of the panel; they must outlive the view.
     void SetCaptions(std::vector<const CaptionLabel*> captions) { captions_ = std::move(captions); }
-    /// What stands in the middle of a panel that has nothing to show; it must outlive the view.
-    void SetNotice(const Label* notice) { notice_ = notice; }
+    /// What stands in the middle of a panel that has nothing to show, the first of them that is visible; they
+    /// must outlive the view.
+    void SetNotices(std::vector<const Label*> notices) { notices_ = std::move(notices); }
     /// A frame of one pixel around the surface.
     void SetFramed(bool framed) { framed_ = framed; }
 
@@ -46,13 +47,14 @@ protected:
 
 private:
     void Show(const QtSurface& surface);
-    void PaintCaption(QPainter& painter, const CaptionLabel& caption) const;
+    void PaintCaption(QPainter& painter, const CaptionLabel& caption, Qt::Alignment alignment) const;
+    void PaintNotice(QPainter& painter, const QString& text) const;
 
     QtSurface surface_;
     QtSurface twin_;
     const QtSurface* shown_ = &surface_;
     std::vector<const CaptionLabel*> captions_;
-    const Label* notice_ = nullptr;
+    std::vector<const Label*> notices_;
     bool framed_ = false;
     QString words_; // of captions and notice, as painted last
 };

@@ -49,6 +49,11 @@ void TitleMark::paintEvent(QPaintEvent* /*event*/) {
         painter.setPen(ToQColor(CurrentScheme().ButtonFace));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 0.5, -1.5, -0.5), 4, 4);
     }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(look.Focus, 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 1, -2, -1), 4, 4);
+    }
     const double side = std::min(14, height() - 6);
     PaintIcon(painter, icon_, QRectF((width() - side) / 2, (height() - side) / 2, side, side),
               lifted ? look.TitleText : look.TitleGlyph);
@@ -78,6 +83,10 @@ void TitleBar::SetTitle(const QString& title) {
 }
 
 void TitleBar::SetState(bool locked, bool enlarged) {
+    if (locked == locked_ && enlarged == enlarged_)
+        return;
+    locked_ = locked;
+    enlarged_ = enlarged;
     pin_->SetIcon(locked ? Icon::Pinned : Icon::Pin);
     enlarge_->SetIcon(enlarged ? Icon::Restore : Icon::Enlarge);
     enlarge_->setToolTip(Text(enlarged ? TextRestorePanel : TextEnlargePanel));
@@ -141,10 +150,10 @@ PanelSizer::PanelSizer(Edge edge, int index, QWidget* parent) : QWidget(parent),
 void PanelSizer::Place(const QSize& panel) {
     switch (edge_) {
     case Edge::Right:
-        setGeometry(panel.width() - EdgeWidth + 3, 0, EdgeWidth - 3, panel.height());
+        setGeometry(panel.width() - EdgeWidth, 0, EdgeWidth, panel.height());
         break;
     case Edge::Bottom:
-        setGeometry(0, panel.height() - EdgeWidth + 3, panel.width(), EdgeWidth - 3);
+        setGeometry(0, panel.height() - EdgeWidth, panel.width(), EdgeWidth);
         break;
     case Edge::Corner:
         setGeometry(panel.width() - CornerSize, panel.height() - CornerSize, CornerSize, CornerSize);
@@ -160,8 +169,8 @@ void PanelSizer::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(CurrentLook().TitleGlyph, 1.5, Qt::SolidLine, Qt::RoundCap));
     const double far = CornerSize - 3.5;
-    painter.drawLine(QPointF(far, far - 6), QPointF(far - 6, far));
-    painter.drawLine(QPointF(far, far - 2), QPointF(far - 2, far));
+    painter.drawLine(QPointF(far, far - 10), QPointF(far - 10, far));
+    painter.drawLine(QPointF(far, far - 5), QPointF(far - 5, far));
 }
 
 void PanelSizer::mousePressEvent(QMouseEvent* event) {

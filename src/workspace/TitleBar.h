@@ -56,6 +56,8 @@ protected:
 private:
     Icon icon_;
     QString title_;
+    bool locked_ = false;
+    bool enlarged_ = false;
     TitleMark* pin_;
     TitleMark* enlarge_;
     TitleMark* close_;

@@ -30,11 +30,23 @@ QString ClockText(Long seconds) {
     return seconds < 3600 ? minutes : QString("%1:%2").arg(seconds / 3600).arg(minutes);
 }
 
-// A channel whose last second does not move at all carries no signal.
-bool HasSignal(const EcgBuffer& ecg, Long second) {
+// A channel whose last second does not move at all is lost; one that hardly moves, runs out of the panel, or
+// beats as no heart does is weak.
+Icon LightOf(const EcgBuffer& ecg, const SecondsBuffer& ibi, Long second) {
+    constexpr float LeastRange = 100;
+    constexpr float FullScale = 1000;
+    constexpr float ShortestInterval = 0.3F;
+    constexpr float LongestInterval = 2;
     const float* first = &ecg[(second - 1) * SamplesPerSecond + 1];
-    const auto [least, most] = std::minmax_element(first, first + SamplesPerSecond);
-    return *most - *least > 0;
+    const float* end = first + SamplesPerSecond;
+    const auto [least, most] = std::minmax_element(first, end);
+    if (*most <= *least)
+        return Icon::LightLost;
+    const auto outside =
+        std::count_if(first, end, [](float sample) { return std::fabs(sample) > FullScale; });
+    const bool weak = *most - *least < LeastRange || outside > SamplesPerSecond / 8 ||
+                      ibi[second] < ShortestInterval || ibi[second] > LongestInterval;
+    return weak ? Icon::LightWeak : Icon::LightGood;
 }
 
 int RateOf(const SecondsBuffer& ibi, Long second) {
@@ -112,13 +124,13 @@ void TopBar::Mirror() {
     const Long second = SessionSeconds > 0 ? std::min(EcgViewState.LastSecondA, SessionSeconds) : 0;
     QList<Chip> chips;
     if (second > 0) {
-        chips.append(
-            {"A", QString("%1 %2").arg(RateOf(IbiA, second)).arg(Text(TextBpm)), HasSignal(EcgA, second)});
+        chips.append({"A", QString("%1 %2").arg(RateOf(IbiA, second)).arg(Text(TextBpm)),
+                      LightOf(EcgA, IbiA, second)});
         if (ChannelBPresent != Off)
             chips.append({"B", QString("%1 %2").arg(RateOf(IbiB, second)).arg(Text(TextBpm)),
-                          HasSignal(EcgB, second)});
+                          LightOf(EcgB, IbiB, second)});
         for (Chip& chip : chips) {
-            if (!chip.Good)
+            if (chip.Light == Icon::LightLost)
                 chip.Value = Text(TextSignalLost);
         }
     }
@@ -169,8 +181,8 @@ void TopBar::PaintChips(QPainter& painter) const {
         painter.setPen(Qt::NoPen);
         painter.setBrush(look.RaisedHover);
         painter.drawRoundedRect(plate, high / 2, high / 2);
-        PaintIcon(painter, chip->Good ? Icon::LightGood : Icon::LightLost,
-                  QRectF(plate.left() + 28, plate.center().y() - 7, 14, 14), look.BarText);
+        PaintIcon(painter, chip->Light, QRectF(plate.left() + 28, plate.center().y() - 7, 14, 14),
+                  look.BarText);
         painter.setPen(look.BarText);
         painter.setFont(TextFont(12, 700));
         painter.drawText(plate.adjusted(13, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Name);

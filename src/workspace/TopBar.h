@@ -1,5 +1,7 @@
 #pragma once
 
+#include "workspace/Icons.h"
+
 #include <QWidget>
 
 class QMenuBar;
@@ -35,7 +37,7 @@ private:
     struct Chip {
         QString Name;
         QString Value;
-        bool Good;
+        Icon Light;
         bool operator==(const Chip&) const = default;
     };
     void LayOut();

@@ -45,7 +45,9 @@ void TransportButton::paintEvent(QPaintEvent* /*event*/) {
     QColor plate = look.RaisedHover;
     if (lit)
         plate = look.Running;
-    else if (available_ && (pressed_ || lifted_))
+    else if (available_ && pressed_)
+        plate = look.Bar;
+    else if (available_ && lifted_)
         plate = look.RaisedPressed;
     painter.setBrush(plate);
     painter.setPen(QPen(lit ? plate : QColor(255, 255, 255, available_ ? 61 : 23), 1));

@@ -24,6 +24,7 @@
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
+#include "workspace/frmSettings.h"
 #include "workspace/frmUserGuide.h"
 
 #include <QCloseEvent>
@@ -132,7 +133,10 @@ void frmMain::ShowSnapshot() {
     pictures_->ShowPicture(picture, ProgramTitle);
 }
 
-void frmMain::ShowSettings() {}
+void frmMain::ShowSettings() {
+    ShowForm(settings_, this,
+             SettingsCallbacks{[this] { Mirror(); }, [this] { ApplyLook(); }, [this] { ApplyLanguage(); }});
+}
 
 void frmMain::ApplyLanguage() {
     menus_->Retranslate();
@@ -141,6 +145,8 @@ void frmMain::ApplyLanguage() {
     panels_->Retranslate();
     ResetQuickScan();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
+    if (settings_ != nullptr)
+        settings_->Retranslate();
     if (language_ != nullptr)
         language_->Retranslate();
     if (guide_ != nullptr)

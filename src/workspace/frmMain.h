@@ -21,6 +21,7 @@ class MainMenus;
 class frmAbout_new;
 class frmLanguage;
 class frmODS;
+class frmSettings;
 class frmUserGuide;
 
 /// The main window: top bar, modules, status line. It decides nothing: every event goes to the core, and what
@@ -76,6 +77,7 @@ private:
     ModuleDesk* desk_;
     AnalysisPanels* panels_;
     MainMenus* menus_ = nullptr;
+    QPointer<frmSettings> settings_;
     QPointer<frmLanguage> language_;
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;

@@ -43,7 +43,7 @@ void PaintSeries(QPainter& painter, SeriesStyle style, const QPolygonF& line, co
     painter.drawPolygon(area);
 }
 
-QIcon StylePicture(Integer number, double density) {
+QIcon StylePicture(Integer number, bool chosen, double density) {
     const QSize size(24, 16);
     QPixmap pixmap(size * density);
     pixmap.setDevicePixelRatio(density);
@@ -60,6 +60,11 @@ QIcon StylePicture(Integer number, double density) {
     PaintSeries(painter, parts.Rate, rate, rateColour);
     if (!parts.CoherenceFirst)
         PaintSeries(painter, parts.Coherence, coherence, coherenceColour);
+    if (chosen) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(CurrentLook().Running, 2));
+        painter.drawRect(QRectF(1, 1, 22, 14));
+    }
     return pixmap;
 }
 
@@ -90,7 +95,7 @@ QString MenuStyle() {
     const SchemeLook& look = CurrentLook();
     return QString(
                "QMenu { background: %1; color: %2; border: 1px solid %4; border-radius: 8px; padding: 4px; }"
-               "QMenu::item { padding: 8px 24px 8px 32px; border-radius: 4px; min-width: 160px; }"
+               "QMenu::item { padding: 8px 24px 8px 12px; border-radius: 4px; min-width: 160px; }"
                "QMenu::item:selected { background: %3; }"
                "QMenu::item:disabled { color: rgba(255, 255, 255, 97); }"
                "QMenu::icon { left: 8px; }"
@@ -216,7 +221,7 @@ void frmViewMenu::AddHistoryStyles() {
         texts_.append(
             [action, style] { action->setText(QString("%1 %2").arg(Text(TextHistoryStyle)).arg(style)); });
         marks_.append([this, action, style] {
-            action->setIcon(StylePicture(style, devicePixelRatioF()));
+            action->setIcon(StylePicture(style, HistoryStyle == style, devicePixelRatioF()));
             action->setChecked(HistoryStyle == style);
         });
     }

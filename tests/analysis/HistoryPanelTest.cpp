@@ -74,7 +74,9 @@ protected:
             axes.Vertical(x, h);
             char label[16];
             std::snprintf(label, sizeof label, "%02d:%02d", second / 60, second % 60);
-            if (x + 15 <= w)
+            // Where even the widest step has no room for its labels, every second one is left out.
+            const bool room = seconds * w / HistorySpanSeconds >= 30 || second / seconds % 2 == 0;
+            if (x + 15 <= w && room)
                 axes.Texts.push_back({x - 15, TH, label});
         }
         if (AnalysisSecond > 2)
@@ -115,9 +117,7 @@ TEST_F(HistoryPanel, AxesAtEverySizeGainAndSpan) {
                     Draw(size);
                     ExpectAxes(*A, AxesFor(size, labLeftHis, labBPMA));
                     ExpectAxes(*B, AxesFor(size, labRightHis, labBPMB));
-                    if (size.W * 50 / span >=
-                        30) // the greatest step of the time axis has room for its labels
-                        ExpectNoCollision(*A);
+                    ExpectNoCollision(*A);
                 }
             }
         }

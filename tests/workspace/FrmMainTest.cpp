@@ -212,6 +212,7 @@ TEST_F(FrmMain, ClosingAsksForAnUnsavedSession) {
     EXPECT_EQ(Asked, QStringList(4, question));
     Main->show();
     const std::string saved = ProgramFolder() + "/Sessions/saved.hti";
+    std::filesystem::remove(saved); // an earlier run must not make the dialog ask
     Answer("comYes", [&] {
         Meet([&](QWidget* window) {
             auto& dialog = dynamic_cast<QFileDialog&>(*window);

@@ -18,26 +18,43 @@ QString Text(std::string_view text) {
 }
 
 // A pen wider than one device pixel costs many times a narrow one; the same width is had from a few narrow
-// lines side by side. `reach` is how far the outermost of them lie from the middle, in device pixels.
-constexpr std::array<QPointF, 1> OneLine{{{0, 0}}};
-constexpr std::array<QPointF, 3> Triangle{{{0, 1.1}, {-0.95, -0.55}, {0.95, -0.55}}};
-constexpr std::array<QPointF, 5> Cross{{{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
-constexpr std::array<QPointF, 9> Disc{
-    {{0, 0}, {1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
+// lines side by side. `reach` is how far the outermost of them lie from the middle, in device pixels;
+// neighbours are at most 0.8 apart, so that a line of any direction is solid.
+const std::vector<QPointF>& LinesSideBySide(double reach) {
+    static std::map<double, std::vector<QPointF>> known;
+    std::vector<QPointF>& lines = known[reach];
+    if (!lines.empty())
+        return lines;
+    if (reach < 0.05) {
+        lines = {{0, 0}};
+    } else if (reach < 0.75) {
+        lines = {{0, 1.1 * reach}, {-0.95 * reach, -0.55 * reach}, {0.95 * reach, -0.55 * reach}};
+    } else {
+        constexpr double Apart = 0.8;
+        const int steps = static_cast<int>(std::ceil(reach / Apart - 0.3));
+        lines.emplace_back(0, 0);
+        for (int i = 1; i <= steps; ++i) {
+            const double offset = reach * i / steps;
+            for (const QPointF& shift :
+                 {QPointF(offset, 0), QPointF(-offset, 0), QPointF(0, offset), QPointF(0, -offset)})
+                lines.push_back(shift);
+        }
+        const double diagonal = 0.7 * reach;
+        for (const QPointF& shift : {QPointF(diagonal, diagonal), QPointF(-diagonal, diagonal),
+                                     QPointF(diagonal, -diagonal), QPointF(-diagonal, -diagonal)}) {
+            if (reach > 1.2)
+                lines.push_back(shift);
+        }
+    }
+    return lines;
+}
+
+constexpr std::array<QPointF, 8> Around{
+    {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
 
 constexpr int LineSpace = 1;   // between lines of text, px
 constexpr int LargeText = 19;  // px
 constexpr double RimWidth = 2; // around large text, px
-
-std::span<const QPointF> LinesSideBySide(double reach) {
-    if (reach < 0.05)
-        return OneLine;
-    if (reach < 0.75)
-        return Triangle;
-    if (reach < 1.25)
-        return Cross;
-    return Disc;
-}
 
 } // namespace
 
@@ -176,8 +193,8 @@ void QtSurface::Curve(std::span<const PanelPoint> points, Colour colour) {
     painter.setPen(pen);
     points_.resize(points.size());
     const double reach = std::max(0.0, (drawWidth_ * density_ - 1) / 2);
-    for (const QPointF& direction : LinesSideBySide(reach)) {
-        const QPointF shift = direction * (reach / density_);
+    for (const QPointF& line : LinesSideBySide(reach)) {
+        const QPointF shift = line / density_;
         for (std::size_t i = 0; i < points.size(); ++i)
             points_[i] = QPointF(points[i].X, height_ - points[i].Y) + shift;
         painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
@@ -223,7 +240,7 @@ void QtSurface::Print(double x, double y, std::string_view text) {
     // all around, keeps them off.
     const Colour rim = backdrop_.empty() ? 0 : backdrop_[backdrop_.size() / 2];
     painter.setPen(ToQColor(rim));
-    for (const QPointF& direction : Disc)
+    for (const QPointF& direction : Around)
         painter.drawText(base + direction * RimWidth, Text(text));
     painter.setPen(ink);
     painter.drawText(base, Text(text));
@@ -244,6 +261,13 @@ bool QtSurface::FillOutline(Colour borderColour) {
     painter.setBrush(ToQColor(fillColour_));
     painter.drawPolygon(outline_.data(), static_cast<int>(outline_.size()));
     painter.setBrush(Qt::NoBrush);
+    // The area itself is drawn without antialiasing, which is many times faster; a line smooths its edge.
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    QPen edge(ToQColor(fillColour_), 1);
+    edge.setCosmetic(true);
+    painter.setPen(edge);
+    painter.drawPolyline(outline_.data(), static_cast<int>(outline_.size()) - 2);
+    painter.setRenderHint(QPainter::Antialiasing, false);
     outline_.clear();
     return true;
 }
