@@ -135,6 +135,7 @@ public:
     /// The tile nearest to a point.
     int TileAt(const QPointF& point) const;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

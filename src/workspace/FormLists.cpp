@@ -239,6 +239,8 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
         return false;
     switch (event->type()) {
     case QEvent::FocusIn: {
+        if (!control->hasFocus())
+            break; // a dialog that opens pretends so, to its first control
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
             reason == Qt::ShortcutFocusReason)

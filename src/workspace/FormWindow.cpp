@@ -159,22 +159,31 @@ void FormWindow::SetTitle(const QString& title) {
 
 QVBoxLayout* FormWindow::AddColumn() {
     auto* column = new QWidget(body_);
-    column->setMinimumWidth(ColumnWidth);
     auto* cards = new QVBoxLayout(column);
     cards->setContentsMargins(0, 0, 0, 0);
     cards->setSpacing(12);
     cards->setAlignment(Qt::AlignTop);
+    cards->addStrut(ColumnWidth);
     body_->layout()->addWidget(column);
     return cards;
 }
 
 void FormWindow::FitToScreen() {
+    // New sizes make their way up one floor at a time; here they are wanted now.
+    const auto parts = body_->findChildren<QWidget*>();
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
+        if ((*part)->layout() != nullptr)
+            (*part)->layout()->activate();
+        (*part)->updateGeometry();
+    }
     body_->layout()->activate();
     QSize wanted = body_->sizeHint() + QSize(0, TitleRow);
     const int height = RoomFor(*this, wanted).height();
     if (height < wanted.height()) // the scroll bar takes its room from the body
         wanted.rwidth() += scroll_->verticalScrollBar()->sizeHint().width();
     resize(RoomFor(*this, wanted).width(), height);
+    // The scroll area hears of new sizes only where the window changes its own.
+    body_->resize(scroll_->viewport()->size().expandedTo(body_->minimumSizeHint()));
 }
 
 void FormWindow::ScrollTo(QWidget* control) {

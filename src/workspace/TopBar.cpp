@@ -21,7 +21,7 @@ namespace pulselark {
 namespace {
 
 constexpr int ProgressWidth = 224;
-constexpr int ChipWidth = 104;
+constexpr int ChipTextLeft = 50;
 
 // The clock of a session: minutes and seconds, with the hour once there is one.
 QString ClockText(Long seconds) {
@@ -176,7 +176,11 @@ void TopBar::PaintChips(QPainter& painter) const {
     const double high = std::min(32, height() - 8);
     double right = width() - 16;
     for (auto chip = chips_.crbegin(); chip != chips_.crend(); ++chip) {
-        const QRectF plate(right - ChipWidth, height() / 2.0 - high / 2, ChipWidth, high);
+        // As wide as its words, but not narrower for two digits than for three, so that it stands still.
+        const int words = std::max(QFontMetrics(TextFont(12)).horizontalAdvance(chip->Value),
+                                   QFontMetrics(TextFont(12)).horizontalAdvance("000 " + Text(TextBpm)));
+        const double wide = ChipTextLeft + words + 14;
+        const QRectF plate(right - wide, height() / 2.0 - high / 2, wide, high);
         right = plate.left() - 8;
         painter.setPen(Qt::NoPen);
         painter.setBrush(look.RaisedHover);
@@ -187,7 +191,8 @@ void TopBar::PaintChips(QPainter& painter) const {
         painter.setFont(TextFont(12, 700));
         painter.drawText(plate.adjusted(13, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Name);
         painter.setFont(TextFont(12));
-        painter.drawText(plate.adjusted(50, 0, -8, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Value);
+        painter.drawText(plate.adjusted(ChipTextLeft, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         chip->Value);
     }
 }
 

@@ -86,6 +86,20 @@ TEST_F(LanguagePack, TheShippedPackIsComplete) {
     for (std::sregex_iterator name(names.begin(), names.end(), number), end; name != end; ++name, ++named)
         EXPECT_EQ(LanguageTable(0, std::stoi((*name)[2])) == "", (*name)[1] == "Base") << name->str();
     EXPECT_GT(named, 300);
+    // The languages that ship are whole; a text that is joined to a name or a number keeps its blanks, and
+    // its value.
+    constexpr int ShippedLanguages = 8;
+    for (int language = 1; language < ShippedLanguages; ++language) {
+        for (int item = 0; item < LanguageItems; ++item) {
+            const std::string& english = LanguageTable(0, item);
+            const std::string& text = LanguageTable(language, item);
+            SCOPED_TRACE(testing::Message() << LanguageName(language) << " " << item);
+            ASSERT_EQ(english.empty(), text.empty());
+            EXPECT_EQ(english.starts_with(" "), text.starts_with(" "));
+            EXPECT_EQ(english.ends_with(" "), text.ends_with(" "));
+            EXPECT_EQ(english.find("%1") == std::string::npos, text.find("%1") == std::string::npos);
+        }
+    }
     EXPECT_EQ(LanguageTable(0, 356) + "13" + LanguageTable(0, 357), "Biofeedback starts after 13 seconds");
 }
 

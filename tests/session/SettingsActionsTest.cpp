@@ -280,7 +280,7 @@ TEST_F(SettingsActions, ATurningKnobDrawsPassingPicturesAndItsReleaseALastingOne
 
 TEST_F(SettingsActions, TheDepthIsTheNumberOfCurves) {
     OpenCoherence();
-    for (const Integer position : {0, 500, 1000}) {
+    for (const Integer position : {Integer{0}, Integer{500}, KnobEnd}) {
         A->Forget();
         SetCoherenceDepthKnob(position);
         const auto shadow = static_cast<std::size_t>(position == 0);

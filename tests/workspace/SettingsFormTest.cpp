@@ -256,22 +256,26 @@ TEST_F(SettingsForm, WhatIsNotThereYetIsGreyedAndSaysWhy) {
 
 TEST_F(SettingsForm, TheRingShowsForTheKeyboardOnly) {
     auto& ring = Named<FocusRing>(Form, "FocusRing");
-    const auto focus = [this](int toggle, QEvent::Type type, Qt::FocusReason reason) {
-        QFocusEvent event(type, reason);
-        QApplication::sendEvent(&Toggle(toggle), &event);
+    const auto windowFocus = [this](QEvent::Type type) {
+        QFocusEvent event(type, Qt::ActiveWindowFocusReason);
+        QApplication::sendEvent(&Toggle(19), &event);
     };
-    focus(1, QEvent::FocusIn, Qt::MouseFocusReason);
+    Form.activateWindow();
+    QApplication::processEvents();
+    EXPECT_FALSE(ring.isVisible()); // a form that opens is no use of the keyboard
+    Toggle(1).setFocus(Qt::MouseFocusReason);
     EXPECT_FALSE(ring.isVisible());
-    focus(1, QEvent::FocusOut, Qt::TabFocusReason);
-    focus(19, QEvent::FocusIn, Qt::TabFocusReason);
-    EXPECT_TRUE(ring.isVisible());
+    Toggle(19).setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(ring.isVisible());
     EXPECT_EQ(ring.geometry(), Toggle(19).geometry().adjusted(-4, -4, 4, 4));
-    focus(19, QEvent::FocusOut, Qt::ActiveWindowFocusReason); // a message comes, and goes
+    windowFocus(QEvent::FocusOut); // a message comes, and goes
     EXPECT_FALSE(ring.isVisible());
-    focus(19, QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    windowFocus(QEvent::FocusIn);
     EXPECT_TRUE(ring.isVisible());
     ClickAt(Toggle(19), {10, 10});
     EXPECT_FALSE(ring.isVisible());
+    Strike(Toggle(19), Qt::Key_Space);
+    EXPECT_TRUE(ring.isVisible());
 }
 
 TEST_F(SettingsForm, TabGoesInReadingOrderAndEverythingHasAName) {
