@@ -134,7 +134,8 @@ QSize TileStrip::sizeHint() const {
 }
 
 QPointF TileStrip::CornerOf(int tile) const {
-    return {tile % columns_ * PitchX(), static_cast<double>(tile / columns_ * PitchY())};
+    const int row = tile / columns_;
+    return {tile % columns_ * PitchX(), static_cast<double>(row * PitchY())};
 }
 
 int TileStrip::TileAt(const QPointF& point) const {
