@@ -79,6 +79,7 @@ enum TextNumber : int {
     TextBuiltInSynthesizer = 73,
     TextInstrument = 74,
     TextTestSounds = 75,
+    TextNoSoundYet = 76,
 
     // View menu; the panels' own entries are the modules' names below.
     TextMenuView = 81,

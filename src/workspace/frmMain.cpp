@@ -197,6 +197,8 @@ void frmMain::Mirror() {
     statusLine_->Mirror();
     panels_->Mirror();
     menus_->Mirror();
+    if (settings_ != nullptr && settings_->isVisible())
+        settings_->ShowMarks();
     loading_->setText(QString::fromStdString(labLoading.Caption));
     loading_->setVisible(labLoading.Visible);
     timers_.Sync();
