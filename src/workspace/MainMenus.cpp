@@ -77,14 +77,14 @@ void MainMenus::BuildToolsMenu() {
     AddGreyed(tools_, TextMenuBreathingTool, "labBreathingTool");
     AddGreyed(tools_, TextMenuStoneGarden, "labStoneGarden");
     tools_->addSeparator();
-    auto* priorities = new QActionGroup(tools_);
+    priorities_ = new QActionGroup(tools_);
     for (const bool high : {false, true}) {
         QAction* action = Add(tools_, high ? TextMenuPriorityHigh : TextMenuPriorityNormal,
                               high ? "labPriorityHigh" : "labPriorityNormal", nullptr);
         action->setCheckable(true);
         action->setChecked(!high);
-        action->setActionGroup(priorities);
-        QAction* other = high ? priorities->actions().constFirst() : nullptr;
+        action->setActionGroup(priorities_);
+        QAction* other = high ? priorities_->actions().constFirst() : nullptr;
         connect(action, &QAction::triggered, this, [this, high, other] {
             if (SetProcessPriority(high) == 0)
                 return;

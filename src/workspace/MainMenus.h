@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+class QActionGroup;
 class QMenuBar;
 
 namespace pulselark {
@@ -60,6 +61,7 @@ private:
     QMenu* tools_;
     QMenu* help_;
     std::vector<Entry> entries_;
+    QActionGroup* priorities_ = nullptr;
     QAction* open_ = nullptr;
     QAction* save_ = nullptr;
 };

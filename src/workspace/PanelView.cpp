@@ -111,6 +111,8 @@ void PanelView::paintEvent(QPaintEvent* /*event*/) {
     const CaptionLabel* rightmost = captions_.size() > 1 ? captions_.back() : nullptr;
     const double room = rightmost != nullptr && rightmost->Visible ? rightmost->Left - 4 : width();
     for (const CaptionLabel* caption : captions_) {
+        if (caption == nullptr)
+            continue;
         const bool fits = caption == rightmost || caption->Left + caption->Width <= room;
         if (caption->Visible && !caption->Caption.empty() && fits)
             PaintCaption(painter, *caption, caption == rightmost ? Qt::AlignRight : Qt::AlignHCenter);

@@ -99,6 +99,12 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
     loading_->hide();
     BuildMenus();
     ConnectTransport();
+    openTimer_.setSingleShot(true);
+    connect(&openTimer_, &QTimer::timeout, this, [this] {
+        const std::string file = std::exchange(fileToOpen_, {});
+        if (!file.empty())
+            Do([&file] { OpenNamedSessionFromMenu(file); });
+    });
     platform_.SetOwner(this);
     platform_.BeforeWaiting = [this] { Mirror(); };
     ApplyLook();
@@ -169,9 +175,7 @@ void frmMain::OpenWaitingFile() {
         StartingUp == Off && !timShowModules.Enabled && !timPrintFirst.Enabled && !timStartUp.Enabled;
     if (!started || fileToOpen_.empty())
         return;
-    const std::string file = std::exchange(fileToOpen_, {});
-    const auto open = [this, file] { Do([&file] { OpenNamedSessionFromMenu(file); }); };
-    QMetaObject::invokeMethod(this, open, Qt::QueuedConnection);
+    openTimer_.start(0);
 }
 
 void frmMain::ConnectTransport() {

@@ -84,6 +84,7 @@ private:
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;
+    QTimer openTimer_;
     bool panelChosen_ = false;
 };
 

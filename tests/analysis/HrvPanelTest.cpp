@@ -98,7 +98,7 @@ TEST_F(HrvPanel, ThreeBandsEachWithItsShadow) {
             ASSERT_EQ(traces.size(), 6U);
             for (std::size_t band = 0; band < 3; ++band) {
                 const auto [first, last, ink] = Bands[band];
-                const auto count = static_cast<std::size_t>(last - first + 2);
+                const auto count = static_cast<std::size_t>(last) - static_cast<std::size_t>(first) + 2;
                 const auto at = [&, first = first](int i) {
                     return PanelPoint{36 + (first + i - 1) * (size.W - 66) / 128,
                                       size.H * HrvGain / 20000 * power[first + i] + TH + 2};

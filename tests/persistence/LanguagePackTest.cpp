@@ -84,7 +84,7 @@ TEST_F(LanguagePack, TheShippedPackIsComplete) {
     const std::regex number("Text\\w+?(Base)? = (\\d+),");
     int named = 0;
     for (std::sregex_iterator name(names.begin(), names.end(), number), end; name != end; ++name, ++named)
-        EXPECT_EQ(LanguageTable(0, std::stoi((*name)[2])) == "", (*name)[1] == "Base") << name->str();
+        EXPECT_EQ(LanguageTable(0, std::stoi((*name)[2])).empty(), (*name)[1] == "Base") << name->str();
     EXPECT_GT(named, 300);
     // The languages that ship are whole; a text that is joined to a name or a number keeps its blanks, and
     // its value.

@@ -52,7 +52,10 @@ protected:
 
     // Waits for the next modal window and hands it over; `Asked` tells what message windows said.
     void Meet(const std::function<void(QWidget*)>& then, int patience = 1000) {
-        QTimer::singleShot(0, qApp, [=, this] {
+        auto* soon = new QTimer(qApp);
+        soon->setSingleShot(true);
+        QObject::connect(soon, &QTimer::timeout, qApp, [=, this] {
+            soon->deleteLater();
             QWidget* window = QApplication::activeModalWidget();
             if (window == nullptr && patience > 0)
                 return Meet(then, patience - 1);
@@ -61,6 +64,7 @@ protected:
                 Asked.append(label->text());
             then(window);
         });
+        soon->start(0);
     }
     void Answer(
         const char* button, const std::function<void()>& before = [] {}) {
