@@ -97,7 +97,7 @@ void QsDrawBalancePie() {
         start = 0.001;
     // The part of the low band runs counterclockwise from `start` to the left, that of the high band on to
     // `start`.
-    const double left = start < Half ? Half : 3 * Half;
+    const double left = ratio < 1 ? Half : 3 * Half;
     const PanelPoint centre{QsX(QsShowBands != Off ? 63.3 : 78), QsDown(14.6)};
     const double radius = QsX(PieRadius);
     const CircleArc whole{centre, radius, 0, 2 * std::numbers::pi};
