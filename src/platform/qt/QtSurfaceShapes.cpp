@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QLinearGradient>
 
+#include <algorithm>
 #include <map>
 
 namespace pulselark {
@@ -76,7 +77,12 @@ void StrokePoints(QPainter& painter, double pageHeight, std::span<const PanelPoi
     const SavedPainter saved(painter);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ToQColor(pen.Ink), pen.Width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(ToPolygon(points, pageHeight));
+    // A long line is drawn in pieces: its time grows with the square of the points that one outline goes
+    // round, and round ends leave no seam.
+    constexpr std::size_t PointsOfAPiece = 48;
+    for (std::size_t from = 0; from + 1 < points.size(); from += PointsOfAPiece)
+        painter.drawPolyline(
+            ToPolygon(points.subspan(from, std::min(PointsOfAPiece + 1, points.size() - from)), pageHeight));
 }
 
 void FillPoints(QPainter& painter, double pageHeight, std::span<const PanelPoint> points, Colour fill) {
