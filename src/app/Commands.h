@@ -20,6 +20,9 @@ int RunAnalyse(Arguments arguments);
 /// `resave IN.hti OUT.hti`
 int RunResave(Arguments arguments);
 
+/// `chord --render FILE.wav --session FILE.hti --from S --seconds N`
+int RunChord(Arguments arguments);
+
 /// Text of --help.
 std::string HelpText();
 

@@ -2,6 +2,8 @@
 
 namespace pulselark {
 
+double DynamicIndex = 0;
+
 void TickTraining() {}
 void ApplyModeState() {}
 void StopMusicAndScenery() {}

@@ -4,6 +4,8 @@
 /// `TrainingActive` is never set and these have nothing to do.
 namespace pulselark {
 
+extern double DynamicIndex; ///< score of the sliding window, whole, 0 to 100; start 0
+
 /// One second of the training mode.
 void TickTraining();
 /// Shows which feedback mode is chosen and which runs.

@@ -24,13 +24,15 @@ Timer timLoadingProgress{"timLoadingProgress", 250, true};
 Timer timStartUp{"timStartUp", 100};
 Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
+Timer timSoundsOff{"timSoundsOff", 2500};
 
 namespace {
 
 constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
                                &timLedBlink,    &timPause,       &timBlockMovieCommands,
                                &timPlayerCheck, &timABMode,      &timLoadingProgress,
-                               &timStartUp,     &timShowModules, &timPrintFirst};
+                               &timStartUp,     &timShowModules, &timPrintFirst,
+                               &timSoundsOff};
 
 } // namespace
 

@@ -56,6 +56,7 @@ extern Timer timLoadingProgress;    ///< animates the "loading" label during sta
 extern Timer timStartUp;            ///< second stage of start-up
 extern Timer timShowModules;        ///< third stage of start-up
 extern Timer timPrintFirst;         ///< first paint of all panels
+extern Timer timSoundsOff;          ///< ends the sound of a test
 
 inline constexpr Long ReplayInterval = 1000;
 inline constexpr Long TimeLapseInterval = 37500;

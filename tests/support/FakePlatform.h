@@ -131,6 +131,39 @@ public:
     void Hide() override { --Visible; }
 };
 
+/// Keeps the words it is sent. `OpenFailure` and `SendFailure` fail every call; the failure's text is "failed
+/// N".
+class FakeMidiOutput final : public MidiOutput {
+public:
+    std::vector<std::string> Names;
+    std::vector<std::uint32_t> Words;
+    std::vector<int> Opened;
+    Integer OpenFailure = 0;
+    Integer SendFailure = 0;
+    int Silences = 0;
+    int Closes = 0;
+
+    int DeviceCount() override { return static_cast<int>(Names.size()); }
+    std::optional<std::string> DeviceName(int id) override {
+        const std::string& name = Names[static_cast<std::size_t>(id)];
+        return name.empty() ? std::nullopt : std::optional(name);
+    }
+    Integer Open(int id) override {
+        Opened.push_back(id);
+        return OpenFailure;
+    }
+    Integer Close() override {
+        ++Closes;
+        return 0;
+    }
+    Integer Send(std::uint32_t word) override {
+        Words.push_back(word);
+        return SendFailure;
+    }
+    void Silence() override { ++Silences; }
+    std::string ErrorText(Integer code) override { return "failed " + std::to_string(code); }
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -143,9 +176,10 @@ public:
     FakeMessages Boxes;
     FakeMessageLoop Loop;
     FakeProgress Bar;
+    FakeMidiOutput Midi;
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar};
+    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Midi};
 };
 
 } // namespace pulselark
