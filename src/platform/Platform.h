@@ -3,6 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/FileDialogs.h"
 #include "platform/Files.h"
+#include "platform/MediaControl.h"
 #include "platform/MessageLoop.h"
 #include "platform/Messages.h"
 #include "platform/MidiOutput.h"
@@ -19,6 +20,7 @@ struct Platform {
     class MessageLoop& MessageLoop;
     class Progress& Progress;
     class MidiOutput& MidiOutput = NoMidiOutput();
+    class MediaControl& MediaControl = NoMediaControl();
 };
 
 /// The platform must outlive every later call of the core.

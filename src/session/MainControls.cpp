@@ -25,6 +25,7 @@ Timer timStartUp{"timStartUp", 100};
 Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
 Timer timSoundsOff{"timSoundsOff", 2500};
+Timer timFadeOut{"timFadeOut", 250};
 
 namespace {
 
@@ -32,7 +33,7 @@ constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
                                &timLedBlink,    &timPause,       &timBlockMovieCommands,
                                &timPlayerCheck, &timABMode,      &timLoadingProgress,
                                &timStartUp,     &timShowModules, &timPrintFirst,
-                               &timSoundsOff};
+                               &timSoundsOff,   &timFadeOut};
 
 } // namespace
 

@@ -1,13 +1,18 @@
 #include "app/Commands.h"
 #include "base/Numbers.h"
+#include "platform/audio/MixerMediaControl.h"
 #include "platform/midi/MidiWord.h"
 #include "platform/midi/Synthesizer.h"
 #include "platform/midi/SystemMidiOutput.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
+#include <filesystem>
 #include <numbers>
+#include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace pulselark {
@@ -32,6 +37,24 @@ std::vector<float> RenderedSecond(Synthesizer& synthesizer) {
     std::vector<float> sound(2 * std::size_t{Synthesizer::SampleRate});
     synthesizer.Render(sound);
     return sound;
+}
+
+// A WAVE file of silence, 8-bit mono at 8000 samples a second.
+std::string SilentWave(double seconds) {
+    const auto samples = static_cast<std::uint32_t>(8000 * seconds);
+    std::string bytes = "RIFF";
+    const auto number = [&bytes](std::uint32_t value, int count) {
+        for (int i = 0; i < count; ++i)
+            bytes.push_back(static_cast<char>((value >> (8 * i)) & 0xFFU));
+    };
+    number(36 + samples, 4);
+    bytes += "WAVEfmt ";
+    for (const auto& [value, count] :
+         {std::pair{16U, 4}, {1U, 2}, {1U, 2}, {8000U, 4}, {8000U, 4}, {1U, 2}, {8U, 2}})
+        number(value, count);
+    bytes += "data";
+    number(samples, 4);
+    return bytes + std::string(samples, '\x80');
 }
 
 TEST(Synthesizer, SoundsTheNotesItIsSentAndFallsSilent) {
@@ -88,6 +111,36 @@ TEST(SystemMidiOutput, OwnPortTakesMessages) {
     EXPECT_EQ(output.DeviceName(devices - 1), "PulseLark");
     ASSERT_EQ(output.Open(devices - 1), 0);
     EXPECT_EQ(output.Send(0x00404590), 0);
+}
+
+// A real song of a second and a half, on the silent driver: its time goes on, it can be wound, and it ends.
+// The wait is for the clock of the driver, with a deadline.
+TEST(MixerMediaControl, PlaysAShortSongToItsEndWithoutADevice) {
+    const auto name = (std::filesystem::temp_directory_path() / "pulselark-song-XXXXXX").string();
+    std::string path = name;
+    const int file = ::mkstemp(path.data());
+    ASSERT_GE(file, 0);
+    const std::string song = SilentWave(1.5);
+    ASSERT_EQ(::write(file, song.data(), song.size()), static_cast<ssize_t>(song.size()));
+    ::close(file);
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    MixerMediaControl player;
+    EXPECT_EQ(player.Duration(), 0);
+    EXPECT_EQ(player.Load(path + ".none"), FailureFileNotFound);
+    ASSERT_EQ(player.Load(path), 0);
+    EXPECT_NEAR(player.Duration(), 1.5, 0.02);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    const auto reaches = [&](double seconds) {
+        while (player.Position() < seconds && std::chrono::steady_clock::now() < deadline)
+            std::this_thread::yield();
+        return player.Position() >= seconds;
+    };
+    EXPECT_TRUE(reaches(0.3));
+    player.SetPosition(0);
+    EXPECT_LT(player.Position(), 0.3);
+    EXPECT_TRUE(reaches(0.5)); // within a second of the end, which ends a song
+    player.Stop();
+    std::filesystem::remove(path);
 }
 
 } // namespace

@@ -164,6 +164,52 @@ public:
     std::string ErrorText(Integer code) override { return "failed " + std::to_string(code); }
 };
 
+/// A player whose songs last `Length` seconds and whose time is the fake clock's. A name that holds "broken"
+/// cannot be played.
+class FakeMediaControl final : public MediaControl {
+public:
+    explicit FakeMediaControl(FakeClock& clock) : clock_(clock) {}
+
+    double Length = 60;
+    bool Stalled = false; ///< the time of the song stands still
+    int Volume = -1;
+    std::vector<int> Volumes;
+    std::vector<std::string> Loaded;
+    bool Runs = false;
+
+    Integer Load(const std::string& path) override {
+        if (path.find("broken") != std::string::npos)
+            return FailureBadFileName;
+        Loaded.push_back(path.substr(path.rfind('/') + 1));
+        Runs = true;
+        SetPosition(0);
+        return 0;
+    }
+    void Play() override { Runs = true; }
+    void Stop() override {
+        SetPosition(Position());
+        Runs = false;
+    }
+    double Position() override {
+        const double gone = Runs && !Stalled ? static_cast<double>(clock_.Now - since_) / 1000 : 0;
+        return std::min(from_ + gone, Length);
+    }
+    void SetPosition(double seconds) override {
+        from_ = seconds;
+        since_ = clock_.Now;
+    }
+    double Duration() override { return Loaded.empty() ? 0 : Length; }
+    void SetVolume(int volume) override {
+        Volume = volume;
+        Volumes.push_back(volume);
+    }
+
+private:
+    FakeClock& clock_;
+    double from_ = 0;
+    std::int64_t since_ = 0;
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -177,9 +223,10 @@ public:
     FakeMessageLoop Loop;
     FakeProgress Bar;
     FakeMidiOutput Midi;
+    FakeMediaControl Player{Time};
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Midi};
+    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Midi, Player};
 };
 
 } // namespace pulselark
