@@ -50,11 +50,13 @@ void DrawSoundTester(Surface& picST) {
     const double base = picST.Height() / 10;
     const double stepY = (picST.Height() - 2 * base) / Highest;
     std::array<PanelPoint, 2 * HalfCurve + 1> curve;
-    for (int i = -HalfCurve; i <= HalfCurve; ++i) {
+    int i = -HalfCurve;
+    for (PanelPoint& point : curve) {
         const double place = i - SoundTesterX;
         const double height =
             std::abs(place) > HalfHill ? 0 : HillHeight() * std::cos(place / HalfHill * std::numbers::pi / 2);
-        curve.at(static_cast<std::size_t>(i + HalfCurve)) = {(i + HalfCurve) * stepX, base + height * stepY};
+        point = {(i + HalfCurve) * stepX, base + height * stepY};
+        ++i;
     }
     picST.Clear();
     picST.Curve(curve, picST.ForeColour());

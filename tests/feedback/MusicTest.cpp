@@ -69,7 +69,7 @@ TEST_F(Music, ListBeginsAgainWhenRepeated) {
     AutoRepeat = On;
     Outside.Player.Length = 10;
     PlayMusic();
-    Timers.Advance(9000 + 5000);
+    Timers.Advance(14000);
     EXPECT_EQ(Outside.Player.Loaded, (Names{"a.ogg", "a.ogg"}));
     EXPECT_EQ(Playing, On);
 }
@@ -102,7 +102,7 @@ TEST_F(Music, FadesInSixteenStepsAndRemembersThePlace) {
     Timers.Advance(10000);
     FadeOutMusic();
     Outside.Player.Volumes.clear();
-    Timers.Advance(15 * 250);
+    Timers.Advance(3750);
     EXPECT_EQ(Outside.Player.Volumes.front(), 75);
     EXPECT_EQ(Outside.Player.Volumes.back(), 5);
     Timers.Advance(250);
