@@ -37,6 +37,8 @@ struct PageWriters {
 /// and the rest goes on; the exit code is that of the first file that failed, or 1 if any was worse than too
 /// short.
 int RunScan(Arguments arguments, const PageWriters& writers);
+/// `chord --render FILE.wav --session FILE.hti --from S --seconds N`
+int RunChord(Arguments arguments);
 
 /// Text of --help.
 std::string HelpText();

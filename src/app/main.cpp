@@ -51,6 +51,8 @@ int main(int argc, char** argv) {
         return RunAnalyse(Arguments(arguments).subspan(1));
     if (first == "resave")
         return RunResave(Arguments(arguments).subspan(1));
+    if (first == "chord")
+        return RunChord(Arguments(arguments).subspan(1));
 
     if (first == "picture")
         return RunPicture(argc, argv, Arguments(arguments).subspan(1));

@@ -20,8 +20,8 @@ void TrainingSettingsLines(Records& records) {
     records.Reserved();
     records.Flag(AlwaysFirstSong);
     records.Flag(AutoRepeat);
-    for (std::string& song : PlayList)
-        records.Text(song);
+    for (int row = 1; row <= StoredPlayListRows; ++row)
+        records.Text(PlayList[row]);
     records.Flag(TrainingPanelOpen);
     records.Reserved();
     records.Flag(MidiInTraining);

@@ -3,8 +3,10 @@
 #include "platform/Clock.h"
 #include "platform/FileDialogs.h"
 #include "platform/Files.h"
+#include "platform/MediaControl.h"
 #include "platform/MessageLoop.h"
 #include "platform/Messages.h"
+#include "platform/MidiOutput.h"
 #include "platform/Progress.h"
 
 namespace pulselark {
@@ -17,6 +19,8 @@ struct Platform {
     class Messages& Messages;
     class MessageLoop& MessageLoop;
     class Progress& Progress;
+    class MidiOutput& MidiOutput = NoMidiOutput();
+    class MediaControl& MediaControl = NoMediaControl();
 };
 
 /// The platform must outlive every later call of the core.

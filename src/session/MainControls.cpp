@@ -26,6 +26,8 @@ Timer timStartUp{"timStartUp", 100};
 Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
+Timer timSoundsOff{"timSoundsOff", 2500};
+Timer timFadeOut{"timFadeOut", 250};
 
 namespace {
 
@@ -33,7 +35,7 @@ constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
                                &timLedBlink,    &timPause,       &timBlockMovieCommands,
                                &timPlayerCheck, &timABMode,      &timLoadingProgress,
                                &timStartUp,     &timShowModules, &timPrintFirst,
-                               &timQS};
+                               &timQS,          &timSoundsOff,   &timFadeOut};
 
 } // namespace
 

@@ -61,6 +61,8 @@ extern Timer timStartUp;            ///< second stage of start-up
 extern Timer timShowModules;        ///< third stage of start-up
 extern Timer timPrintFirst;         ///< first paint of all panels
 extern Timer timQS;                 ///< the countdown of a quick scan
+extern Timer timSoundsOff;          ///< ends the sound of a test
+extern Timer timFadeOut;            ///< lets the music die away
 
 inline constexpr Long ReplayInterval = 1000;
 inline constexpr Long TimeLapseInterval = 37500;

@@ -1,5 +1,6 @@
 #include "session/Replay.h"
 
+#include "feedback/MIDI_OUT.h"
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
@@ -51,6 +52,7 @@ void StartReplay(bool keepPlayer) {
 
 void EndReplay() {
     timReplay.Enabled = false;
+    SilenceMidi();
     ShowStatus(SessionName + LanguageText(TextReplayEnded));
     RefreshSessionButtons(false);
     if (FeedbackFromReplay())

@@ -2,6 +2,7 @@
 
 #include "analysis/InputCD.h"
 #include "analysis/PanelDrawing.h"
+#include "feedback/MIDI_OUT.h"
 #include "feedback/ggz.h"
 #include "platform/Platform.h"
 #include "session/MainBuffers.h"
@@ -90,6 +91,7 @@ void PressEcgPanel() {
 void ReleaseEcgPanel() {
     if (SessionSeconds < 1 || SessionBusy())
         return;
+    SilenceMidi();
     RedrawEcg(*picIA, *picIB, SessionTick);
     if (TrainingActive != Off)
         TickTraining();

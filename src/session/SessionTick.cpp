@@ -8,7 +8,7 @@
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
 #include "analysis/SpectrumPanel.h"
-#include "feedback/MIDI_CMD.h"
+#include "feedback/MidiChord.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ggz.h"
 #include "session/LanguageTable.h"
@@ -79,7 +79,7 @@ void PlayChordIfWanted() {
     const bool inTraining = FeedbackMode >= 2 && TrainingActive != Off && MidiInTraining != Off;
     const bool inPanels = TrainingActive == Off && MidiInPanels != Off;
     if (inTraining || inPanels)
-        PlayMidiChord();
+        PlayMidiChord(false, 0, 0);
 }
 
 void RunSessionTick() {

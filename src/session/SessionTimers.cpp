@@ -61,19 +61,6 @@ void LoadingTick() {
         labLoading.Caption = LanguageText(TextStartUpLoading);
 }
 
-void PauseTick() {
-    timPause.Enabled = false;
-    MovieCommandsBlocked = On;
-    timBlockMovieCommands.Enabled = true;
-    RestartMusic();
-    timPlayerCheck.Enabled = true;
-}
-
-void UnblockTick() {
-    timBlockMovieCommands.Enabled = false;
-    MovieCommandsBlocked = Off;
-}
-
 } // namespace
 
 void InstallTimerHandlers() {
@@ -83,9 +70,8 @@ void InstallTimerHandlers() {
     timPrintFirst.Handler = &FirstPaintTick;
     timLedBlink.Handler = &LedTick;
     timLoadingProgress.Handler = &LoadingTick;
-    timPause.Handler = &PauseTick;
-    timBlockMovieCommands.Handler = &UnblockTick;
     timQS.Handler = &QsTimerTick;
+    InstallMusicTimers();
 }
 
 } // namespace pulselark

@@ -14,7 +14,7 @@ Integer DynamicIndexInterval;
 Boolean AutoStartBreathing, AutoPlayMusic;
 Integer AdjustVolume;
 Boolean AlwaysFirstSong, AutoRepeat;
-std::array<std::string, 6> PlayList;
+Series<std::string, PlayListRows> PlayList;
 Boolean TrainingPanelOpen;
 Integer PanelBackground;
 
@@ -35,7 +35,7 @@ void ResetSettings() {
     AutoStartBreathing = AutoPlayMusic = Off;
     AdjustVolume = 50;
     AlwaysFirstSong = AutoRepeat = Off;
-    PlayList.fill({});
+    PlayList.Fill({});
     TrainingPanelOpen = Off;
     PanelBackground = 0;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Numbers.h"
+#include "base/Series.h"
 
-#include <array>
 #include <string>
 
 /// The user's settings that no other module owns. What an analysis or a panel owns stands in its own header
@@ -40,15 +40,17 @@ extern Integer QsSmoothingChannel; ///< half-width of the spectrum's smoothing i
 // Training mode.
 extern double BreathingRate;    ///< breaths per minute; start 7.5
 extern double BreathingBalance; ///< length of the out-breath as a multiple of the in-breath, 1 to 10; start 1
-extern Integer DynamicIndexInterval; ///< seconds, 4 to 61; start 16
-extern Boolean AutoStartBreathing;   ///< start 0
-extern Boolean AutoPlayMusic;        ///< start 0
-extern Integer AdjustVolume;         ///< 0 to 100; start 50
-extern Boolean AlwaysFirstSong;      ///< start 0
-extern Boolean AutoRepeat;           ///< start 0
-extern std::array<std::string, 6> PlayList;
-extern Boolean TrainingPanelOpen; ///< start 0
-extern Integer PanelBackground;   ///< start 0
+extern Integer DynamicIndexInterval;   ///< seconds, 4 to 61; start 16
+extern Boolean AutoStartBreathing;     ///< start 0
+extern Boolean AutoPlayMusic;          ///< start 0
+extern Integer AdjustVolume;           ///< 0 to 100; start 50
+extern Boolean AlwaysFirstSong;        ///< start 0
+extern Boolean AutoRepeat;             ///< start 0
+inline constexpr int PlayListRows = 8; ///< 1 to 7 are shown
+inline constexpr int StoredPlayListRows = 6;
+extern Series<std::string, PlayListRows> PlayList; ///< songs in their playing order, without gaps
+extern Boolean TrainingPanelOpen;                  ///< start 0
+extern Integer PanelBackground;                    ///< start 0
 
 /// Puts every setting of this header to its start value.
 void ResetSettings();

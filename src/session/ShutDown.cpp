@@ -1,5 +1,6 @@
 #include "session/ShutDown.h"
 
+#include "feedback/MIDI_OUT.h"
 #include "feedback/SendAppData.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
@@ -41,6 +42,8 @@ bool ExitProgram() {
     if (!MayDropSession(TextSaveBeforeExit))
         return false;
     timReplay.Enabled = false;
+    SilenceMidi();
+    MidiClose();
     SaveTrainingSettings();
     SaveAppSettings();
     if (TrainingActive == Off)

@@ -162,7 +162,8 @@ TEST_F(OmsFiles, TheTrainingsFileIsTakenLineByLineAndWrittenBack) {
     EXPECT_EQ(DynamicIndexInterval, 61);
     EXPECT_EQ(AdjustVolume, 85);
     EXPECT_EQ(PanelBackground, 2);
-    EXPECT_EQ(PlayList, (std::array<std::string, 6>{"a.mp3", "b, c.ogg", "", "ü", "e", "f"}));
+    EXPECT_EQ(std::vector<std::string>(PlayList.begin(), PlayList.begin() + 6),
+              (std::vector<std::string>{"a.mp3", "b, c.ogg", "", "ü", "e", "f"}));
     const std::string before = Training();
     SaveTrainingSettings();
     EXPECT_EQ(Training(), before);

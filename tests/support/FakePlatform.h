@@ -133,6 +133,85 @@ public:
     void Hide() override { --Visible; }
 };
 
+/// Keeps the words it is sent. `OpenFailure` and `SendFailure` fail every call; the failure's text is "failed
+/// N".
+class FakeMidiOutput final : public MidiOutput {
+public:
+    std::vector<std::string> Names;
+    std::vector<std::uint32_t> Words;
+    std::vector<int> Opened;
+    Integer OpenFailure = 0;
+    Integer SendFailure = 0;
+    int Silences = 0;
+    int Closes = 0;
+
+    int DeviceCount() override { return static_cast<int>(Names.size()); }
+    std::optional<std::string> DeviceName(int id) override {
+        const std::string& name = Names[static_cast<std::size_t>(id)];
+        return name.empty() ? std::nullopt : std::optional(name);
+    }
+    Integer Open(int id) override {
+        Opened.push_back(id);
+        return OpenFailure;
+    }
+    Integer Close() override {
+        ++Closes;
+        return 0;
+    }
+    Integer Send(std::uint32_t word) override {
+        Words.push_back(word);
+        return SendFailure;
+    }
+    void Silence() override { ++Silences; }
+    std::string ErrorText(Integer code) override { return "failed " + std::to_string(code); }
+};
+
+/// A player whose songs last `Length` seconds and whose time is the fake clock's. A name that holds "broken"
+/// cannot be played.
+class FakeMediaControl final : public MediaControl {
+public:
+    explicit FakeMediaControl(FakeClock& clock) : clock_(clock) {}
+
+    double Length = 60;
+    bool Stalled = false; ///< the time of the song stands still
+    int Volume = -1;
+    std::vector<int> Volumes;
+    std::vector<std::string> Loaded;
+    bool Runs = false;
+
+    Integer Load(const std::string& path) override {
+        if (path.find("broken") != std::string::npos)
+            return FailureBadFileName;
+        Loaded.push_back(path.substr(path.rfind('/') + 1));
+        Runs = true;
+        SetPosition(0);
+        return 0;
+    }
+    void Play() override { Runs = true; }
+    void Stop() override {
+        SetPosition(Position());
+        Runs = false;
+    }
+    double Position() override {
+        const double gone = Runs && !Stalled ? static_cast<double>(clock_.Now - since_) / 1000 : 0;
+        return std::min(from_ + gone, Length);
+    }
+    void SetPosition(double seconds) override {
+        from_ = seconds;
+        since_ = clock_.Now;
+    }
+    double Duration() override { return Loaded.empty() ? 0 : Length; }
+    void SetVolume(int volume) override {
+        Volume = volume;
+        Volumes.push_back(volume);
+    }
+
+private:
+    FakeClock& clock_;
+    double from_ = 0;
+    std::int64_t since_ = 0;
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -145,9 +224,11 @@ public:
     FakeMessages Boxes;
     FakeMessageLoop Loop;
     FakeProgress Bar;
+    FakeMidiOutput Midi;
+    FakeMediaControl Player{Time};
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar};
+    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Midi, Player};
 };
 
 } // namespace pulselark

@@ -1,0 +1,349 @@
+#include "feedback/PlayerPanel.h"
+
+#include "feedback/MidiSwitches.h"
+#include "feedback/WMPPlay.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/Settings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace pulselark {
+
+Integer HoverSong = 0, HoverListRow = 0, HoverOption = 0;
+
+namespace {
+
+using Kind = PlayerZone::Kind;
+
+// Columns as shares of the panel's width.
+struct Column {
+    double Left, Right;
+};
+constexpr Column SongColumn{0.04, 0.30}, ListColumn{0.31, 0.57}, OptionColumn{0.61, 0.85};
+constexpr Column PlayColumn{0.04, 0.20}, MuteColumn{0.24, 0.29}, VolumeColumn{0.31, 0.72},
+    CloseColumn{0.80, 0.96};
+constexpr double SongBound = 0.24, ListBound = 0.28;
+
+constexpr Colour Paper = 0xFFFFFF, Ink = MakeColour(31, 58, 58), Hint = MakeColour(90, 115, 115);
+constexpr Colour Teal = MakeColour(31, 111, 106), Rule = MakeColour(213, 224, 219);
+constexpr Colour Plate = MakeColour(238, 244, 241), ControlEdge = MakeColour(115, 143, 139);
+
+struct Option {
+    int Row;
+    int Text;
+    Boolean& Value;
+    bool Ticked; // rows 3 and 4 are one option: its tick stands in the first
+};
+constexpr std::array Options{Option{1, TextPlayerAutoStart, AutoPlayMusic, true},
+                             Option{3, TextPlayerAlwaysStart, AlwaysFirstSong, true},
+                             Option{4, TextPlayerFirstSong, AlwaysFirstSong, false},
+                             Option{6, TextPlayerAutoRepeat, AutoRepeat, true},
+                             Option{8, TextPlayerAudioCue, MidiInTraining, true}};
+
+bool In(const Column& column, double share) {
+    return share >= column.Left && share < column.Right;
+}
+
+const Option* OptionAt(int row) {
+    const auto found = std::find_if(Options.begin(), Options.end(),
+                                    [row](const Option& option) { return option.Row == row; });
+    return found == Options.end() ? nullptr : found;
+}
+
+PlayerZone ZoneInRows(double share, int row) {
+    constexpr int ButtonRow = ShownSongs + 1;
+    if (In(SongColumn, share))
+        return row == ButtonRow ? PlayerZone{Kind::Add} : PlayerZone{Kind::Song, row};
+    if (In(ListColumn, share))
+        return row == ButtonRow ? PlayerZone{Kind::Remove} : PlayerZone{Kind::ListRow, row};
+    if (In(OptionColumn, share) && OptionAt(row) != nullptr)
+        return {Kind::Option, row};
+    return {};
+}
+
+PlayerZone ZoneInLastLine(double share) {
+    if (In(PlayColumn, share))
+        return {Kind::Play};
+    if (In(MuteColumn, share))
+        return {Kind::Mute};
+    if (In(VolumeColumn, share))
+        return {Kind::Volume};
+    return In(CloseColumn, share) ? PlayerZone{Kind::Close} : PlayerZone{};
+}
+
+// The selected song becomes the first of the list; what stood in row 8 is lost.
+void AddToPlayList() {
+    const std::string song = SongList.at(SelectedSong);
+    if (song.empty())
+        return;
+    for (int row = PlayListRows; row > 1; --row)
+        PlayList[row] = PlayList[row - 1];
+    PlayList[1] = song;
+    CurrentListIndex = 1;
+    SongPosition = 0;
+}
+
+void RemoveFromPlayList() {
+    for (int row = std::max<int>(SelectedListRow, 1); row < ShownSongs; ++row)
+        PlayList[row] = PlayList[row + 1];
+    PlayList[ShownSongs].clear();
+    SelectedListRow =
+        static_cast<Integer>(std::clamp<int>(SelectedListRow, 1, std::max(FilledListRows(), 1)));
+    CurrentListIndex = 1;
+    SongPosition = 0;
+}
+
+void PlayOrStop() {
+    PlaySource = Off;
+    if (Playing != Off) {
+        StopSong();
+    } else if (SelectedSong >= 1) {
+        RewindSong();
+        PlayMusic();
+        Playing = ToBoolean(!SongList.at(SelectedSong).empty());
+    }
+}
+
+void ToggleOption(int row) {
+    const Option* option = OptionAt(row);
+    if (option == nullptr)
+        return;
+    if (option->Text == TextPlayerAudioCue)
+        ToggleMidiTraining();
+    else
+        option->Value = static_cast<Boolean>(~option->Value);
+}
+
+/// Draws in pixels from the upper left corner.
+class RowPen {
+public:
+    explicit RowPen(Surface& surface)
+        : surface_(surface), width_(surface.Width()), height_(surface.Height()) {}
+
+    double Width() const { return width_; }
+    void Box(double left, double top, double right, double bottom, Colour colour) const {
+        surface_.SetForeColour(colour);
+        surface_.FilledBox(left, height_ - bottom, right, height_ - top);
+    }
+    void Frame(double left, double top, double right, double bottom, Colour colour) const {
+        surface_.SetDrawWidth(1);
+        for (const double y : {top, bottom})
+            surface_.Line(left, height_ - y, right, height_ - y, colour);
+        for (const double x : {left, right})
+            surface_.Line(x, height_ - top, x, height_ - bottom, colour);
+    }
+    /// Text in the middle of a row that begins at `top`.
+    void Text(double x, double top, const std::string& text, Colour colour, bool bold = false) const {
+        surface_.SetFont("Roboto", 13, bold);
+        surface_.SetForeColour(colour);
+        const double height = surface_.TextHeight(text);
+        surface_.Print(x, height_ - top - (PlayerRowHeight - height) / 2, text);
+    }
+    void Tick(double x, double top, Colour colour) const {
+        const double y = height_ - top - PlayerRowHeight / 2;
+        surface_.SetDrawWidth(2);
+        const std::array<PanelPoint, 3> tick{{{x + 3, y}, {x + 6, y - 4}, {x + 13, y + 5}}};
+        surface_.Curve(tick, colour);
+        surface_.SetDrawWidth(1);
+    }
+    std::string Cut(const std::string& name, double share) const {
+        surface_.SetFont("Roboto", 13, false);
+        return CutName(surface_, name, share * width_);
+    }
+    double TextWidth(const std::string& text) const { return surface_.TextWidth(text); }
+
+private:
+    Surface& surface_;
+    double width_;
+    double height_;
+};
+
+double RowTop(int row) {
+    return PlayerPadding + row * PlayerRowHeight; // row 0 is the heading
+}
+
+constexpr double TickRoom = 20;
+constexpr double NumberRoom = 16;
+
+void DrawSongs(const RowPen& pen) {
+    const double left = SongColumn.Left * pen.Width();
+    pen.Text(left + TickRoom, RowTop(0), LanguageText(TextPlayerSongs), Ink, true);
+    for (int row = 1; row <= ShownSongs; ++row) {
+        if (row == HoverSong)
+            pen.Box(left - 4, RowTop(row), SongColumn.Right * pen.Width(), RowTop(row + 1), Plate);
+        if (SongList[row].empty())
+            continue;
+        if (row == SelectedSong)
+            pen.Tick(left, RowTop(row), Teal);
+        const double room = SongBound - TickRoom / pen.Width();
+        pen.Text(left + TickRoom, RowTop(row), pen.Cut(SongList[row], room), Ink);
+    }
+}
+
+void DrawList(const RowPen& pen) {
+    const double left = ListColumn.Left * pen.Width();
+    pen.Text(left + TickRoom + NumberRoom + 4, RowTop(0), LanguageText(TextPlayerPlaylist), Ink, true);
+    for (int row = 1; row <= ShownSongs; ++row) {
+        if (row == HoverListRow)
+            pen.Box(left - 4, RowTop(row), ListColumn.Right * pen.Width(), RowTop(row + 1), Plate);
+        if (PlayList[row].empty())
+            continue;
+        if (row == SelectedListRow)
+            pen.Tick(left, RowTop(row), Teal);
+        const std::string number = std::to_string(row) + ".";
+        pen.Text(left + TickRoom + NumberRoom - pen.TextWidth(number), RowTop(row), number, Hint);
+        const double room = std::min(ListBound, ListColumn.Right - ListColumn.Left) -
+                            (TickRoom + NumberRoom + 4) / pen.Width();
+        pen.Text(left + TickRoom + NumberRoom + 4, RowTop(row), pen.Cut(PlayList[row], room), Ink);
+    }
+}
+
+void DrawOptions(const RowPen& pen) {
+    const double left = OptionColumn.Left * pen.Width();
+    for (const Option& option : Options) {
+        if (option.Row == HoverOption)
+            pen.Box(left - 4, RowTop(option.Row), 0.96 * pen.Width(), RowTop(option.Row + 1), Plate);
+        if (option.Ticked && option.Value != Off)
+            pen.Tick(left, RowTop(option.Row), Teal);
+        pen.Text(left + TickRoom, RowTop(option.Row), LanguageText(option.Text), Ink);
+    }
+}
+
+void DrawButton(const RowPen& pen, const Column& column, int row, const std::string& text) {
+    constexpr double Inset = 2;
+    const double left = column.Left * pen.Width();
+    const double right = column.Right * pen.Width() - 4;
+    pen.Frame(left, RowTop(row) + Inset, right, RowTop(row + 1) - Inset, ControlEdge);
+    const std::string shown = pen.Cut(text, column.Right - column.Left - 16 / pen.Width());
+    pen.Text((left + right - pen.TextWidth(shown)) / 2, RowTop(row), shown, Ink);
+}
+
+void DrawVolume(const RowPen& pen) {
+    constexpr double Track = 2, Knob = 8;
+    const double middle = RowTop(9) + PlayerRowHeight / 2 + 4;
+    const double left = VolumeColumn.Left * pen.Width();
+    const double right = (VolumeColumn.Right - 0.13) * pen.Width();
+    const double x = left + (right - left) * PlayerVolume / 100;
+    pen.Box(left, middle - Track, right, middle + Track, Rule);
+    pen.Box(left, middle - Track, x, middle + Track, Teal);
+    pen.Box(x - Knob, middle - Knob, x + Knob, middle + Knob, Teal);
+    pen.Box(x - Knob + 2, middle - Knob + 2, x + Knob - 2, middle + Knob - 2, Paper);
+    pen.Text(right + 16, RowTop(9) + 4, LanguageText(TextPlayerVolume) + std::to_string(PlayerVolume), Ink);
+}
+
+} // namespace
+
+PlayerZone PlayerZoneAt(double x, double y, double width) {
+    const double share = x / width;
+    const int row = static_cast<int>((y - PlayerPadding) / PlayerRowHeight);
+    if (y < PlayerPadding || row < 1 || row > ShownSongs + 2)
+        return {};
+    return row <= ShownSongs + 1 ? ZoneInRows(share, row) : ZoneInLastLine(share);
+}
+
+void HoverPlayer(const PlayerZone& zone) {
+    const auto rowOf = [&zone](Kind kind) { return static_cast<Integer>(zone.What == kind ? zone.Row : 0); };
+    HoverSong = rowOf(Kind::Song);
+    HoverListRow = rowOf(Kind::ListRow);
+    HoverOption = rowOf(Kind::Option);
+    DrawPlayerPanel();
+}
+
+void ClickPlayer(const PlayerZone& zone) {
+    switch (zone.What) {
+    case Kind::Song:
+        SelectedSong = static_cast<Integer>(zone.Row);
+        StopSong();
+        break;
+    case Kind::ListRow:
+        SelectedListRow = static_cast<Integer>(zone.Row);
+        break;
+    case Kind::Add:
+        AddToPlayList();
+        break;
+    case Kind::Remove:
+        RemoveFromPlayList();
+        break;
+    case Kind::Option:
+        ToggleOption(zone.Row);
+        break;
+    case Kind::Play:
+        PlayOrStop();
+        break;
+    case Kind::Mute:
+        ToggleMute();
+        break;
+    case Kind::Close:
+        PlayerPanelOpen = Off;
+        break;
+    case Kind::Volume:
+    case Kind::None:
+        return;
+    }
+    DrawPlayerPanel();
+}
+
+void DragPlayerVolume(double x, double width) {
+    const double left = VolumeColumn.Left * width;
+    const double right = (VolumeColumn.Right - 0.13) * width;
+    const double percent = std::clamp((x - left) / (right - left) * 100, 0.0, 100.0);
+    AdjustMusicVolume(static_cast<Integer>(Round(percent)));
+}
+
+std::string CutName(const Surface& surface, std::string name, double bound) {
+    constexpr std::size_t ShortestCut = 6;
+    while (name.size() >= ShortestCut && surface.TextWidth(name) > bound) {
+        do // a character of several bytes goes whole
+            name.pop_back();
+        while (!name.empty() && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U);
+        if (!name.empty() && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0xC0U)
+            name.pop_back();
+    }
+    return name;
+}
+
+void DrawPlayer(Surface& picMCT) {
+    const RowPen pen(picMCT);
+    picMCT.Clear();
+    pen.Box(0, 0, picMCT.Width(), picMCT.Height(), Paper);
+    DrawSongs(pen);
+    DrawList(pen);
+    DrawOptions(pen);
+    DrawButton(pen, SongColumn, ShownSongs + 1, LanguageText(TextPlayerAdd));
+    DrawButton(pen, ListColumn, ShownSongs + 1, LanguageText(TextPlayerRemove));
+    pen.Box(SongColumn.Left * pen.Width(), RowTop(9) + 2, CloseColumn.Right * pen.Width(), RowTop(9) + 3,
+            Rule);
+    DrawButton(pen, PlayColumn, 9, PlayerZoneText({Kind::Play}));
+    DrawButton(pen, CloseColumn, 9, LanguageText(TextPlayerClose));
+    DrawVolume(pen);
+}
+
+std::string PlayerZoneText(const PlayerZone& zone) {
+    switch (zone.What) {
+    case Kind::Song:
+        return SongList.at(zone.Row);
+    case Kind::ListRow:
+        return PlayList.at(zone.Row);
+    case Kind::Add:
+        return LanguageText(TextPlayerAdd);
+    case Kind::Remove:
+        return LanguageText(TextPlayerRemove);
+    case Kind::Option:
+        return OptionAt(zone.Row) != nullptr ? LanguageText(OptionAt(zone.Row)->Text) : "";
+    case Kind::Play:
+        return LanguageText(Playing != Off || PlaySource != Off ? TextPlayerStop : TextPlayerPlay);
+    case Kind::Mute:
+        return LanguageText(imMusicOff.Visible ? TextPlayerUnmute : TextPlayerMute);
+    case Kind::Volume:
+        return LanguageText(TextPlayerVolume) + std::to_string(PlayerVolume);
+    case Kind::Close:
+        return LanguageText(TextPlayerClose);
+    case Kind::None:
+        break;
+    }
+    return {};
+}
+
+} // namespace pulselark
