@@ -9,6 +9,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
 
 #include <new>
@@ -62,6 +63,7 @@ void SaveSession() {
     const std::string& name = *chosen;
     LastSaveFolder = name;
     RefreshSessionButtons(false);
+    CollectReportFields();
     const std::string lockBefore = SessionInfo[20];
     SessionInfo[20] = "1"; // a saved document is locked
     const Integer failure = WriteShown(name);
@@ -76,6 +78,7 @@ void SaveSession() {
     SessionUnsaved = Off;
     LastFileResult = FileSuccess;
     SessionName = LastSessionFile = name;
+    LockSavedReport();
     ShowStatus(SessionName + LanguageText(TextSaved));
 }
 

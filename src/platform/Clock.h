@@ -1,14 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace pulselark {
 
-/// The multimedia clock: milliseconds that never go back.
+/// The multimedia clock, and the calendar beside it.
 class Clock {
 public:
     virtual ~Clock() = default;
+    /// Milliseconds that never go back.
     virtual std::int64_t Milliseconds() = 0;
+    /// Today's date and the time of day where the user is, in the short forms of the user's system.
+    virtual std::string LocalDate() = 0;
+    virtual std::string LocalTime() = 0;
 };
 
 } // namespace pulselark

@@ -17,7 +17,10 @@ class FakeClock final : public Clock {
 public:
     std::int64_t Now = 0;
     std::int64_t PerReading = 0; ///< each reading takes this long
+    std::string Date = "21/11/2026", Time = "17:45";
     std::int64_t Milliseconds() override { return Now += PerReading; }
+    std::string LocalDate() override { return Date; }
+    std::string LocalTime() override { return Time; }
 };
 
 /// Files in memory. `ReadFailure` and `WriteFailure` fail every call; `DiskSize` lets a write fail after so

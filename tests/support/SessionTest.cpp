@@ -17,6 +17,7 @@
 #include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
+#include "session/ReportDocument.h"
 #include "session/Settings.h"
 
 namespace pulselark {
@@ -51,6 +52,7 @@ void PutEverythingBack() {
     LanguageTable.Clear();
     for (int item = 0; item < LanguageItems; ++item)
         LanguageTable(0, item) = "<" + std::to_string(item) + ">";
+    ResetReportDocument();
 }
 
 SessionTest::SessionTest() {

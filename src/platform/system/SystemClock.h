@@ -4,10 +4,13 @@
 
 namespace pulselark {
 
-/// The system's monotonic clock.
+/// The system's monotonic clock, and its calendar in the locale that the environment names for times. Where
+/// none is named, or one that is not installed, a date is year-month-day and a time has 24 hours.
 class SystemClock final : public Clock {
 public:
     std::int64_t Milliseconds() override;
+    std::string LocalDate() override;
+    std::string LocalTime() override;
 };
 
 } // namespace pulselark
