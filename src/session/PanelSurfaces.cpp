@@ -16,10 +16,11 @@ Surface* picHisA = &NoSurface();
 Surface* picHisB = &NoSurface();
 Surface* picHRVPowerA = &NoSurface();
 Surface* picHRVPowerB = &NoSurface();
+Surface* picQS = &NoSurface();
 
 void ResetPanelSurfaces() {
     for (Surface** panel : {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA,
-                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB})
+                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB, &picQS})
         *panel = &NoSurface();
 }
 

@@ -22,6 +22,8 @@ extern Surface* picHisB;
 extern Surface* picHRVPowerA; ///< bars of the two band powers, in front of the HRV panels
 extern Surface* picHRVPowerB;
 
+extern Surface* picQS; ///< the quick scan's page
+
 /// Takes all surfaces away again.
 void ResetPanelSurfaces();
 

@@ -48,7 +48,7 @@ std::int64_t SystemClock::Milliseconds() {
 
 std::string SystemClock::LocalDate() {
     const Locale locale = TimeLocale();
-    return Formatted(locale != nullptr ? "%x" : "%Y-%m-%d", locale);
+    return Formatted(locale != nullptr ? "%x" : "%d/%m/%Y", locale);
 }
 
 std::string SystemClock::LocalTime() {
