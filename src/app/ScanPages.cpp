@@ -1,8 +1,10 @@
 #include "app/ScanPages.h"
 
 #include "platform/Platform.h"
+#include "platform/qt/PagePdf.h"
 #include "platform/qt/QtSurface.h"
 #include "quickscan/QsPage.h"
+#include "quickscan/QsPrint.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -43,6 +45,11 @@ QImage SheetWithPage() {
     return sheet;
 }
 
+Integer WritePaperPage(const std::string& name) {
+    StartToolkitOnce();
+    return WritePagePdf(name, QsPageTitle(), PaperA4, QsPaperPage(PaperA4));
+}
+
 Integer WritePagePicture(const std::string& name) {
     StartToolkitOnce();
     QByteArray bytes;
@@ -57,7 +64,7 @@ Integer WritePagePicture(const std::string& name) {
 PageWriters PagesOfToolkit(int argc, char** argv) {
     argumentCount = argc;
     argumentValues = argv;
-    return {&WritePagePicture, nullptr};
+    return {&WritePagePicture, &WritePaperPage};
 }
 
 } // namespace pulselark

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
 #include "platform/Messages.h"
+#include "platform/PagePrinter.h"
 #include "platform/Progress.h"
 
 namespace pulselark {
@@ -17,6 +18,7 @@ struct Platform {
     class Messages& Messages;
     class MessageLoop& MessageLoop;
     class Progress& Progress;
+    class PagePrinter& PagePrinter;
 };
 
 /// The platform must outlive every later call of the core.

@@ -29,12 +29,13 @@ QString ExtensionOf(const std::string& filter) {
 
 } // namespace
 
-WindowPlatform::WindowPlatform() : platform_{clock_, files_, *this, *this, *this, *this} {
+WindowPlatform::WindowPlatform() : platform_{clock_, files_, *this, *this, *this, *this, printer_} {
     InstallPlatform(platform_);
 }
 
 void WindowPlatform::SetOwner(QWidget* owner) {
     owner_ = owner;
+    printer_.SetOwner(owner);
     progress_ = owner != nullptr ? new frmProgressBar(owner) : nullptr;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/qt/QtPagePrinter.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
 
@@ -39,6 +40,7 @@ private:
 
     SystemClock clock_;
     SystemFiles files_;
+    QtPagePrinter printer_;
     Platform platform_;
     bool unattended_ = false;
     QPointer<QWidget> owner_;

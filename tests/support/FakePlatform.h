@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/RecordingSurface.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -134,6 +135,41 @@ public:
     void Hide() override { --Visible; }
 };
 
+/// A printer that keeps the page it was given, and can fail at each step.
+class FakePagePrinter final : public PagePrinter {
+public:
+    PaperSize Sheet = PaperA4;
+    Integer ChoiceFailure = 0, PaintFailure = 0, EndFailure = 0, PdfFailure = 0;
+    std::string Steps; ///< c(hoose) p(aint) e(nd) m(ake a PDF)
+    RecordingSurface Page{0, 0};
+
+    Integer ChoosePrinter(const std::string& /*title*/) override {
+        Steps += 'c';
+        return ChoiceFailure;
+    }
+    PaperSize Paper() override { return Sheet; }
+    Integer PaintPage(const PaperPage& page) override {
+        Steps += 'p';
+        Page.Forget();
+        Page.Resize(page.Size.Width, page.Size.Height);
+        page.Draw(Page);
+        return PaintFailure;
+    }
+    Integer EndDocument() override {
+        Steps += 'e';
+        return EndFailure;
+    }
+    Integer MakePdf(const std::string& title, const std::function<PaperPage(PaperSize)>& page,
+                    std::string& bytes) override {
+        Steps += 'm';
+        const PaperPage sheet = page(Sheet);
+        Page.Resize(sheet.Size.Width, sheet.Size.Height);
+        sheet.Draw(Page);
+        bytes = "%PDF " + title;
+        return PdfFailure;
+    }
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -146,9 +182,10 @@ public:
     FakeMessages Boxes;
     FakeMessageLoop Loop;
     FakeProgress Bar;
+    FakePagePrinter Printer;
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar};
+    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Printer};
 };
 
 } // namespace pulselark

@@ -13,7 +13,6 @@
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
 #include "quickscan/QsAnalysis.h"
-#include "quickscan/QsPrint.h"
 #include "quickscan/QuickScan.h"
 #include "session/AnalysisBuffers.h"
 #include "session/LanguageTable.h"
@@ -50,7 +49,6 @@ void PutEverythingBack() {
     ResetCoherenceBins();
     ResetQsAnalysis();
     QsTickCount = 0;
-    PrintOnePage = nullptr;
     ResetModulePanels();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
