@@ -4,7 +4,7 @@
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -70,7 +70,9 @@ int WindowPlatform::Show(const std::string& text, int buttons) {
     if (unattended_)
         return MostCarefulButton(buttons);
     CatchUp();
-    return ShowMessageWindow(owner_, QString::fromStdString(text), buttons);
+    // Over the window that is in use: one that stays in front of the main window would hide the question.
+    QWidget* inUse = QApplication::activeWindow();
+    return ShowMessageWindow(inUse != nullptr ? inUse : owner_.data(), QString::fromStdString(text), buttons);
 }
 
 void WindowPlatform::Yield() {
