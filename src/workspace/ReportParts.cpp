@@ -118,7 +118,7 @@ void ReportSymbol::paintEvent(QPaintEvent* /*event*/) {
 ReportLockPlate::ReportLockPlate(QWidget* parent) : QWidget(parent) {
     setObjectName("imLockDoc");
     setFont(TextFont(13, 500));
-    QSizePolicy policy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true); // what stands below must not jump
     setSizePolicy(policy);
 }

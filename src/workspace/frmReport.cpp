@@ -45,8 +45,11 @@ frmReport::frmReport(QWidget* owner, Runner run)
     cards->addWidget(NewSubjectCard(), 1);
     cards->addWidget(NewCircumstancesCard(), 1);
     QVBoxLayout* column = AddColumn();
-    column->addWidget(labFN_);
-    column->addWidget(imLockDoc_);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(Beside);
+    head->addWidget(labFN_, 1);
+    head->addWidget(imLockDoc_);
+    column->addLayout(head);
     column->addLayout(cards);
     column->addSpacing(4);
     column->addLayout(NewActions());
