@@ -45,9 +45,17 @@ QImage SheetWithPage() {
     return sheet;
 }
 
-Integer WritePaperPage(const std::string& name) {
+Integer WriteSheet(const std::string& name, PaperSize paper) {
     StartToolkitOnce();
-    return WritePagePdf(name, QsPageTitle(), PaperA4, QsPaperPage(PaperA4));
+    return WritePagePdf(name, QsPageTitle(), paper, QsPaperPage(paper));
+}
+
+Integer WriteA4Page(const std::string& name) {
+    return WriteSheet(name, PaperA4);
+}
+
+Integer WriteLetterPage(const std::string& name) {
+    return WriteSheet(name, PaperLetter);
 }
 
 Integer WritePagePicture(const std::string& name) {
@@ -64,7 +72,7 @@ Integer WritePagePicture(const std::string& name) {
 PageWriters PagesOfToolkit(int argc, char** argv) {
     argumentCount = argc;
     argumentValues = argv;
-    return {&WritePagePicture, &WritePaperPage};
+    return {&WritePagePicture, &WriteA4Page, &WriteLetterPage};
 }
 
 } // namespace pulselark
