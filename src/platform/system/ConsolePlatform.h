@@ -11,7 +11,9 @@ namespace pulselark {
 /// command that caused it tells of its failure itself; its answer is the most careful button.
 class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
 public:
-    ConsolePlatform() : platform_{clock_, files_, *this, *this, *this, *this, NoPrinter()} { InstallPlatform(platform_); }
+    ConsolePlatform() : platform_{clock_, files_, *this, *this, *this, *this, NoPrinter()} {
+        InstallPlatform(platform_);
+    }
 
     std::optional<std::string> ChooseFileToOpen(const std::string& /*start*/,
                                                 const std::string& /*filter*/) override {
