@@ -25,7 +25,9 @@ void StartToolkitOnce() {
     if (QGuiApplication::instance() != nullptr)
         return;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    new QGuiApplication(argumentCount, argumentValues); // lives until the process ends
+    // Lives until the process ends.
+    static const auto* const application = new QGuiApplication(argumentCount, argumentValues);
+    static_cast<void>(application);
 }
 
 // A sheet of white paper; the page is drawn at 1 / 1.1 of its size from its upper left corner, as on paper.

@@ -71,7 +71,7 @@ TEST_F(QuickScan, CountsOneTickForEachHundredSecondsAndThenShowsThePage) {
         CohScoreBinsB.Fill(5);
         QsButtonClick(0);
         EXPECT_EQ(Outside.Bar.Captions, std::vector<std::string>{"<237>"});
-        Timers.Advance(ticks * 100);
+        Timers.Advance(std::int64_t{100} * ticks);
         EXPECT_EQ(QsTickCount, ticks);
         EXPECT_EQ(QuickScanResultShown, Off) << seconds;
         Timers.Advance(100);
