@@ -2,6 +2,7 @@
 // window, on a workspace of 1600 x 1000 with two channels and waterfalls of seven layers; beside the same
 // curves as bare polylines.
 #include "BenchSession.h"
+#include "PageBench.h"
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/History.h"
@@ -191,5 +192,6 @@ int main(int argc, char** argv) {
         Print(solid != Off ? "filled" : "unfilled", MeasureTicks(window, bare));
         PrintDrags(window);
     }
+    PrintPageFigures();
     return 0;
 }

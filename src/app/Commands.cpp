@@ -26,7 +26,7 @@ std::string HelpText() {
            "for "
            "each\n"
            "                                           file; with one file also, for its channel:\n"
-           "       [--plx OUT.plx] [--pdf OUT.pdf] [--png OUT.png]\n"
+           "       [--plx OUT.plx] [--pdf OUT.pdf [--paper A4|Letter]] [--png OUT.png]\n"
            "                                           the scan file (with --training in the training's "
            "form), "
            "the\n"

@@ -28,11 +28,12 @@ int RunResave(Arguments arguments);
 using PageWriter = Integer (*)(const std::string& name);
 struct PageWriters {
     PageWriter Picture = nullptr; ///< PNG
-    PageWriter Paper = nullptr;   ///< PDF
+    PageWriter Paper = nullptr;   ///< PDF, A4
+    PageWriter Letter = nullptr;  ///< PDF, US Letter
 };
 
-/// `scan FILE.hti... [--training] [--plx OUT.plx] [--pdf OUT.pdf] [--png OUT.png] [--channel A|B] [--language
-/// N]
+/// `scan FILE.hti... [--training] [--plx OUT.plx] [--pdf OUT.pdf [--paper A4|Letter]] [--png OUT.png]
+/// [--channel A|B] [--language N]
 /// [--smoothing W]`: the figures of the quick scan, one line of JSON for each file. A file that fails is told
 /// and the rest goes on; the exit code is that of the first file that failed, or 1 if any was worse than too
 /// short.

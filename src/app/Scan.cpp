@@ -30,6 +30,7 @@ struct ScanOptions {
     std::string ScanFile, Picture, Paper; // where they go; empty: nowhere
     bool Training = false;
     bool ChannelB = false;
+    bool Letter = false;
     Integer Language = 0;
     Integer Smoothing = 4;
 };
@@ -47,6 +48,10 @@ bool TakeOption(const std::string& name, const std::string& value, ScanOptions& 
     if (name == "--channel") {
         options.ChannelB = value == "B";
         return value == "A" || value == "B";
+    }
+    if (name == "--paper") {
+        options.Letter = value == "Letter";
+        return value == "A4" || value == "Letter";
     }
     std::string* const place = name == "--plx"   ? &options.ScanFile
                                : name == "--png" ? &options.Picture
@@ -174,7 +179,7 @@ int ScanOne(const std::string& file, const ScanOptions& options, const PageWrite
     if (std::fwrite(line.data(), 1, line.size(), stdout) != line.size() || std::fflush(stdout) != 0)
         return Complain("standard output: the figures could not be written", ExitFailure);
     for (const int result : {WriteScanFile(options), WritePage(options.Picture, writers.Picture),
-                             WritePage(options.Paper, writers.Paper)}) {
+                             WritePage(options.Paper, options.Letter ? writers.Letter : writers.Paper)}) {
         if (result != ExitSuccess)
             return result;
     }
@@ -186,10 +191,10 @@ int ScanOne(const std::string& file, const ScanOptions& options, const PageWrite
 int RunScan(Arguments arguments, const PageWriters& writers) {
     const auto options = ParseOptions(arguments);
     if (!options) {
-        return Complain(
-            "usage: pulselark scan FILE.hti... [--training] [--channel A|B] [--language N] "
-            "[--smoothing 0..16]; with one file also [--plx OUT.plx] [--pdf OUT.pdf] [--png OUT.png]",
-            ExitUsage);
+        return Complain("usage: pulselark scan FILE.hti... [--training] [--channel A|B] [--language N] "
+                        "[--smoothing 0..16]; with one file also [--plx OUT.plx] [--pdf OUT.pdf [--paper "
+                        "A4|Letter]] [--png OUT.png]",
+                        ExitUsage);
     }
     const ConsolePlatform platform;
     SetProgramFolder(FindProgramFolder());

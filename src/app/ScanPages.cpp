@@ -1,8 +1,10 @@
 #include "app/ScanPages.h"
 
 #include "platform/Platform.h"
+#include "platform/qt/PagePdf.h"
 #include "platform/qt/QtSurface.h"
 #include "quickscan/QsPage.h"
+#include "quickscan/QsPrint.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -23,7 +25,9 @@ void StartToolkitOnce() {
     if (QGuiApplication::instance() != nullptr)
         return;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    new QGuiApplication(argumentCount, argumentValues); // lives until the process ends
+    // Lives until the process ends.
+    static const auto* const application = new QGuiApplication(argumentCount, argumentValues);
+    static_cast<void>(application);
 }
 
 // A sheet of white paper; the page is drawn at 1 / 1.1 of its size from its upper left corner, as on paper.
@@ -43,6 +47,19 @@ QImage SheetWithPage() {
     return sheet;
 }
 
+Integer WriteSheet(const std::string& name, PaperSize paper) {
+    StartToolkitOnce();
+    return WritePagePdf(name, QsPageTitle(), paper, QsPaperPage(paper));
+}
+
+Integer WriteA4Page(const std::string& name) {
+    return WriteSheet(name, PaperA4);
+}
+
+Integer WriteLetterPage(const std::string& name) {
+    return WriteSheet(name, PaperLetter);
+}
+
 Integer WritePagePicture(const std::string& name) {
     StartToolkitOnce();
     QByteArray bytes;
@@ -57,7 +74,7 @@ Integer WritePagePicture(const std::string& name) {
 PageWriters PagesOfToolkit(int argc, char** argv) {
     argumentCount = argc;
     argumentValues = argv;
-    return {&WritePagePicture, nullptr};
+    return {&WritePagePicture, &WriteA4Page, &WriteLetterPage};
 }
 
 } // namespace pulselark

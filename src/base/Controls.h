@@ -15,6 +15,16 @@ struct Label {
     Colour ForeColour = 0;
 };
 
+/// A line of text that the user writes.
+struct TextBox {
+    std::string Text;
+};
+
+/// A picture that is shown or not.
+struct PictureSign {
+    bool Visible = false;
+};
+
 /// A caption that lies over the top of a panel. Grid lines keep clear of it: they start right of it, or end
 /// left of it. Place and size in panel units, from the panel's left edge.
 struct CaptionLabel : Label {

@@ -15,6 +15,7 @@
 #include "session/MainControls.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
+#include "session/ReportDocument.h"
 #include "session/Rescan.h"
 #include "session/SessionButtons.h"
 
@@ -109,6 +110,8 @@ void ReadSessionFile(const std::string& name) {
     }
     if (const FileOutcome outcome = ReadIntoBuffers(name, bytes); outcome.Number != 0) {
         ApplyChannelMode();
+        ClearReportFields(); // it belonged to the session that has gone
+        ShowReportFileName();
         RefreshSessionButtons(false);
         TellFailure(outcome, name, LanguageText(TextOpenFailedHalfway));
         return;
@@ -116,6 +119,7 @@ void ReadSessionFile(const std::string& name) {
     PrepareTraining();
     SessionUnsaved = Off;
     SessionName = LastSessionFile = name;
+    ShowReportFromFile();
     SessionTick = 1;
     SpectrumSlotA = SpectrumSlotB = 1;
     RescanSession(true);

@@ -6,6 +6,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
 
 namespace pulselark {
@@ -25,6 +26,7 @@ void SaveSession() {
     const std::string& name = *chosen;
     LastSaveFolder = name;
     RefreshSessionButtons(false);
+    CollectReportFields();
     const std::string lockBefore = SessionInfo[20];
     SessionInfo[20] = "1"; // a saved document is locked
     const Integer failure = WriteSessionFile(name);
@@ -37,6 +39,7 @@ void SaveSession() {
     SessionUnsaved = Off;
     LastFileResult = FileSuccess;
     SessionName = LastSessionFile = name;
+    LockSavedReport();
     ShowStatus(SessionName + LanguageText(TextSaved));
 }
 

@@ -5,14 +5,15 @@
 
 namespace pulselark {
 
-/// The multimedia clock, and the calendar.
+/// The multimedia clock, and the calendar beside it.
 class Clock {
 public:
     virtual ~Clock() = default;
     /// Milliseconds that never go back.
     virtual std::int64_t Milliseconds() = 0;
-    /// Today, day first: "21/11/2026".
-    virtual std::string ShortDate() = 0;
+    /// Today's date and the time of day where the user is, in the short forms of the user's system.
+    virtual std::string LocalDate() = 0;
+    virtual std::string LocalTime() = 0;
 };
 
 } // namespace pulselark

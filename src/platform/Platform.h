@@ -7,6 +7,7 @@
 #include "platform/MessageLoop.h"
 #include "platform/Messages.h"
 #include "platform/MidiOutput.h"
+#include "platform/PagePrinter.h"
 #include "platform/Progress.h"
 
 namespace pulselark {
@@ -21,6 +22,7 @@ struct Platform {
     class Progress& Progress;
     class MidiOutput& MidiOutput = NoMidiOutput();
     class MediaControl& MediaControl = NoMediaControl();
+    class PagePrinter& PagePrinter = NoPrinter();
 };
 
 /// The platform must outlive every later call of the core.

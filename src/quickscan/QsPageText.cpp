@@ -32,7 +32,7 @@ std::string FileOfSession() {
 void PrintTitle() {
     const std::array<std::string, 3> lines{
         LanguageText(TextScanTitle) + ShownTitle(), LanguageText(TextScanFile) + FileOfSession(),
-        LanguageText(TextScanRecorded) + LanguageText(TextScanPrinted) + ThePlatform().Clock.ShortDate()};
+        LanguageText(TextScanRecorded) + LanguageText(TextScanPrinted) + ThePlatform().Clock.LocalDate()};
     constexpr std::array Tops{2.5, 4.0, 5.5};
     constexpr double Rule = 8;
     double free = picQS->Height(); // below what has been printed

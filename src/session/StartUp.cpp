@@ -17,6 +17,7 @@
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
 #include "session/RedrawPanels.h"
+#include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
 #include "session/SessionTimers.h"
 #include "session/Settings.h"
@@ -92,6 +93,7 @@ void InitApplication(bool readSettings) {
     timLoadingProgress.Enabled = false;
     LanguageIndex = 0;
     LoadLanguagePack();
+    ResetReportDocument();
     SetDisplayDefaults();
     if (readSettings)
         ReadSettings();

@@ -24,6 +24,7 @@ enum TextNumber : int {
     TextMenuLeaveTraining = 23,
     TextMenuSessionDocument = 24,
     TextMenuExit = 25,
+    TextMenuSavePage = 26,
 
     // Settings: window title, also the menu's entry, and the heads of its groups.
     TextSettings = 30,

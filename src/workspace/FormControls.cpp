@@ -166,14 +166,14 @@ void ActionButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     BeginControl(painter, *this);
     const bool over = isEnabled() && underMouse();
-    painter.setPen(bare_ ? QPen(Qt::NoPen) : QPen(FormColour::Edge, 1));
+    painter.setPen(bare_ ? QPen(Qt::NoPen) : QPen(danger_ ? FormColour::Danger : FormColour::Edge, 1));
     painter.setBrush(isDown() ? PressedPlate : over ? HoverPlate : FormColour::Card);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
     if (bare_) {
         PaintSign(painter, sign_, QRectF((width() - 16) / 2.0, (height() - 16) / 2.0, 16, 16));
         return;
     }
-    painter.setPen(FormColour::Ink);
+    painter.setPen(danger_ ? FormColour::Danger : FormColour::Ink);
     const QRect words = rect().adjusted(ActionPadding, 0, -ActionPadding, 0);
     if (sign_ == Sign::None) {
         painter.drawText(words, Qt::AlignCenter, text());

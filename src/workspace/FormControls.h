@@ -48,6 +48,8 @@ public:
     void SetCaption(const QString& caption);
     /// Shows the sign alone, without edge; the caption is its name.
     void SetBare(bool bare);
+    /// What it does cannot be taken back.
+    void SetDanger(bool danger) { danger_ = danger; }
     QSize sizeHint() const override;
 
 protected:
@@ -58,6 +60,7 @@ protected:
 private:
     Sign sign_;
     bool bare_ = false;
+    bool danger_ = false;
 };
 
 /// A switch: on is filled with a tick and the thumb right, off is hollow with the thumb left.

@@ -61,6 +61,7 @@ FormCard::FormCard(QWidget* parent)
 
 void FormCard::SetTitle(const QString& title) {
     title_->setText(title);
+    title_->setVisible(!title.isEmpty());
     setAccessibleName(title);
 }
 
@@ -89,6 +90,11 @@ void FormCard::AddToggle(QWidget* toggle, int indent) {
 
 void FormCard::AddSpace(int pixels) {
     rows_->addSpacing(pixels);
+}
+
+void FormCard::AddStretch() {
+    rows_->addStretch(1);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
 }
 
 void FormCard::AddRule() {

@@ -18,6 +18,7 @@ class FormCard final : public QWidget {
 public:
     explicit FormCard(QWidget* parent);
 
+    /// A card without a title has no room for one either.
     void SetTitle(const QString& title);
     /// A word at the right end of the title.
     void SetHint(const QString& hint);
@@ -27,6 +28,8 @@ public:
     /// A toggle, whose plate reaches out to both sides so that its box stands in line.
     void AddToggle(QWidget* toggle, int indent);
     void AddSpace(int pixels);
+    /// Takes what the card is given beyond its need, so that it can be as high as its neighbour.
+    void AddStretch();
     /// A thin line across the card.
     void AddRule();
 

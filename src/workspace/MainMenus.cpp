@@ -2,9 +2,11 @@
 
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
+#include "persistence/SaveScanPage.h"
 #include "persistence/SaveSession.h"
 #include "platform/Platform.h"
 #include "platform/system/ProcessPriority.h"
+#include "quickscan/QsPrint.h"
 #include "session/MainBuffers.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
@@ -57,10 +59,13 @@ void MainMenus::BuildFileMenu() {
     open_->setShortcut(QKeySequence::Open);
     save_ = AddCore(file_, TextMenuSaveSession, "labSaveSession", &SaveSession);
     save_->setShortcut(QKeySequence::Save);
-    AddGreyed(file_, TextMenuSessionDocument, "labSessionDocument");
+    Add(file_, TextMenuSessionDocument, "labSessionDocument", routines_.Document)
+        ->setShortcut(QKeySequence("Ctrl+D"));
     file_->addSeparator();
     AddGreyed(file_, TextMenuExportScan, "labExportScan");
-    AddGreyed(file_, TextMenuPrint, "labPrint");
+    print_ = AddCore(file_, TextMenuPrint, "labPrint", &QsPrint);
+    print_->setShortcut(QKeySequence("Ctrl+Shift+P"));
+    savePage_ = AddCore(file_, TextMenuSavePage, "labSavePage", &SaveScanPage);
     file_->addSeparator();
     AddCore(file_, TextMenuLoadConfig, "labLoadConfig", [] { LoadConfig(ChosenConfig); });
     AddCore(file_, TextMenuSaveConfig, "labSaveConfig", [] { SaveConfig(ChosenConfig); });
@@ -104,6 +109,8 @@ void MainMenus::BuildHelpMenu() {
 void MainMenus::Mirror() {
     open_->setEnabled(!SessionBusy());
     save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
+    for (QAction* page : {print_, savePage_})
+        page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
 }
 
 void MainMenus::ApplyLook() {

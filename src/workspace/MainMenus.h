@@ -22,6 +22,7 @@ struct MenuRoutines {
     std::function<void()> Exit;
     std::function<void()> Settings;
     std::function<void()> LanguageEditor;
+    std::function<void()> Document;
     std::function<void()> Snapshot;
     std::function<void()> UserGuide;
     std::function<void()> About;
@@ -64,6 +65,8 @@ private:
     QActionGroup* priorities_ = nullptr;
     QAction* open_ = nullptr;
     QAction* save_ = nullptr;
+    QAction* print_ = nullptr;
+    QAction* savePage_ = nullptr;
 };
 
 } // namespace pulselark

@@ -4,7 +4,7 @@
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -29,12 +29,22 @@ QString ExtensionOf(const std::string& filter) {
 
 } // namespace
 
-WindowPlatform::WindowPlatform() : platform_{clock_, files_, *this, *this, *this, *this} {
+WindowPlatform::WindowPlatform()
+    : platform_{.Clock = clock_,
+                .Files = files_,
+                .FileDialogs = *this,
+                .Messages = *this,
+                .MessageLoop = *this,
+                .Progress = *this,
+                .MidiOutput = midi_,
+                .MediaControl = music_,
+                .PagePrinter = printer_} {
     InstallPlatform(platform_);
 }
 
 void WindowPlatform::SetOwner(QWidget* owner) {
     owner_ = owner;
+    printer_.SetOwner(owner);
     progress_ = owner != nullptr ? new frmProgressBar(owner) : nullptr;
 }
 
@@ -69,7 +79,9 @@ int WindowPlatform::Show(const std::string& text, int buttons) {
     if (unattended_)
         return MostCarefulButton(buttons);
     CatchUp();
-    return ShowMessageWindow(owner_, QString::fromStdString(text), buttons);
+    // Over the window that is in use: one that stays in front of the main window would hide the question.
+    QWidget* inUse = QApplication::activeWindow();
+    return ShowMessageWindow(inUse != nullptr ? inUse : owner_.data(), QString::fromStdString(text), buttons);
 }
 
 void WindowPlatform::Yield() {

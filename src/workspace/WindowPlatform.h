@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/audio/MixerMediaControl.h"
+#include "platform/midi/SystemMidiOutput.h"
+#include "platform/qt/QtPagePrinter.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
 
@@ -39,6 +42,9 @@ private:
 
     SystemClock clock_;
     SystemFiles files_;
+    SystemMidiOutput midi_;
+    MixerMediaControl music_;
+    QtPagePrinter printer_;
     Platform platform_;
     bool unattended_ = false;
     QPointer<QWidget> owner_;

@@ -24,6 +24,7 @@
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
+#include "workspace/frmReport.h"
 #include "workspace/frmSettings.h"
 #include "workspace/frmUserGuide.h"
 
@@ -122,6 +123,9 @@ void frmMain::BuildMenus() {
     routines.Exit = [this] { close(); };
     routines.Settings = [this] { ShowSettings(); };
     routines.LanguageEditor = [this] { ShowForm(language_, this, [this] { ApplyLanguage(); }); };
+    routines.Document = [this] {
+        ShowForm(report_, this, [this](const std::function<void()>& routine) { Do(routine); });
+    };
     routines.Snapshot = [this] { ShowSnapshot(); };
     routines.UserGuide = [this] { ShowForm(guide_, this, GuideFolder()); };
     routines.About = [this] {
@@ -159,6 +163,9 @@ void frmMain::ApplyLanguage() {
         guide_->Retranslate();
     if (about_ != nullptr)
         about_->Retranslate();
+    ShowReportFileName();
+    if (report_ != nullptr)
+        report_->Retranslate();
     if (pictures_ != nullptr)
         pictures_->Retranslate();
     ApplyLook();
@@ -203,6 +210,8 @@ void frmMain::Mirror() {
     menus_->Mirror();
     if (settings_ != nullptr && settings_->isVisible())
         settings_->ShowMarks();
+    if (report_ != nullptr && report_->isVisible())
+        report_->Mirror();
     loading_->setText(QString::fromStdString(labLoading.Caption));
     loading_->setVisible(labLoading.Visible);
     timers_.Sync();

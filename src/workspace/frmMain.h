@@ -21,6 +21,7 @@ class MainMenus;
 class frmAbout_new;
 class frmLanguage;
 class frmODS;
+class frmReport;
 class frmSettings;
 class frmUserGuide;
 
@@ -81,6 +82,7 @@ private:
     QPointer<frmLanguage> language_;
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;
+    QPointer<frmReport> report_;
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;

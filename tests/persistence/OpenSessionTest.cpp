@@ -5,6 +5,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
+#include "session/ReportDocument.h"
 #include "support/RecordingSurface.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
@@ -28,7 +29,8 @@ protected:
     // A session in the buffers that no file has.
     void HaveUnsaved(Long seconds) {
         MakeSession(seconds);
-        SessionInfo[0] = "unsaved";
+        ClearReportFields();
+        SessionInfo[0] = tbSD[0].Text = "unsaved";
         SessionUnsaved = On;
     }
     bool Opened() const { return SessionInfo[0] == "stored"; }

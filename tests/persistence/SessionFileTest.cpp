@@ -13,6 +13,7 @@ namespace {
 
 class SessionFile : public SessionTest {
 protected:
+    SessionFile() { SessionInfo.fill(""); }
     static std::string Repeated(const std::string& line, Long count) {
         std::string text;
         for (Long i = 0; i < count; ++i)

@@ -1,9 +1,9 @@
 #include "quickscan/QuickScan.h"
 
+#include "persistence/SaveScanPage.h"
 #include "quickscan/QsAnalysis.h"
 #include "quickscan/QsPage.h"
 #include "quickscan/QsPageFrame.h"
-#include "quickscan/QsPrint.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
@@ -11,6 +11,7 @@
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace pulselark {
@@ -150,36 +151,77 @@ TEST_F(QuickScan, ALoadEndsACountdown) {
     EXPECT_TRUE(Page.Untouched());
 }
 
-Integer printResult;
-Integer PrintForTest(void (*draw)(Surface&)) {
-    RecordingSurface paper(500, 707);
-    draw(paper);
-    EXPECT_FALSE(paper.Texts.empty());
-    EXPECT_TRUE(paper.Boxes.empty()); // no ground is painted on paper
-    return printResult;
+TEST_F(QuickScan, PrintsTheShownPageInTheShapeOfTheSheet) {
+    Session(300);
+    Scan();
+    Outside.Loop.OnYield = [] { EXPECT_EQ(QsPrinting, Off); };
+    // Upright, American and turned sheets: 1 / 1.1 of the sheet each way, in units of 1/96 inch.
+    for (const PaperSize sheet : {PaperSize{793.7, 1122.5}, PaperSize{816, 1056}, PaperSize{1122.5, 793.7}}) {
+        Outside.Printer.Sheet = sheet;
+        Outside.Printer.Steps.clear();
+        Page.Forget();
+        QsButtonClick(1);
+        EXPECT_EQ(Outside.Printer.Steps, "cpe");
+        const RecordingSurface& paper = Outside.Printer.Page;
+        EXPECT_NEAR(paper.Width() * 1.1, sheet.Width, 1e-6);
+        EXPECT_NEAR(paper.Height() * 1.1, sheet.Height, 1e-6);
+        const auto title = std::find_if(paper.Texts.begin(), paper.Texts.end(),
+                                        [](const auto& text) { return text.Value == "<184><181>"; });
+        ASSERT_NE(title, paper.Texts.end());
+        EXPECT_NEAR(title->X, 0.15 * paper.Width(), 1e-6);
+        EXPECT_TRUE(paper.Boxes.empty()); // no ground is painted on paper
+        EXPECT_TRUE(PageSays(" BMP"));    // the screen's page is drawn anew
+    }
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
 }
 
 TEST_F(QuickScan, PrintingTellsItsFailuresAndPutsThePanelBack) {
     QsButtonClick(1);
     EXPECT_EQ(Outside.Boxes.Shown, (std::vector<FakeMessages::Message>{{"<162>", ButtonOK}}));
+    EXPECT_TRUE(Outside.Printer.Steps.empty());
     Session(300);
     Scan();
-    PrintOnePage = &PrintForTest;
-    const struct {
-        Integer Result;
-        std::size_t Messages;
-    } cases[] = {{0, 0}, {32755, 0}, {57, 1}};
-    for (const auto& [result, messages] : cases) {
-        Outside.Boxes.Shown.clear();
-        Page.Forget();
-        printResult = result;
-        QsButtonClick(1);
-        EXPECT_EQ(Outside.Boxes.Shown.size(), messages) << result;
-        EXPECT_EQ(picQS, &Page);
-        EXPECT_EQ(QsPrinting, Off);
-        EXPECT_TRUE(PageSays(" BMP"));
+    for (Integer* step :
+         {&Outside.Printer.ChoiceFailure, &Outside.Printer.PaintFailure, &Outside.Printer.EndFailure}) {
+        for (const Integer failure : std::initializer_list<Integer>{32755, 380, 57, 61}) {
+            Outside.Boxes.Shown.clear();
+            Page.Forget();
+            *step = failure;
+            QsButtonClick(1);
+            const std::vector<FakeMessages::Message> told{{"<161>", ButtonOK}};
+            EXPECT_EQ(Outside.Boxes.Shown, failure < 100 ? told : std::vector<FakeMessages::Message>{});
+            EXPECT_EQ(picQS, &Page);
+            EXPECT_EQ(QsPrinting | DialogOpen, Off);
+            EXPECT_TRUE(PageSays(" BMP"));
+        }
+        *step = 0;
     }
-    EXPECT_EQ(Outside.Boxes.Shown[0].Text, "<161>");
+}
+
+TEST_F(QuickScan, ThePageIsSavedWholeOrNotAtAll) {
+    SaveScanPage();
+    EXPECT_EQ(Outside.Boxes.Shown, (std::vector<FakeMessages::Message>{{"<162>", ButtonOK}}));
+    Session(300);
+    Scan();
+    SaveScanPage(); // the dialog is cancelled
+    EXPECT_EQ(LastFileResult, 32755);
+    Outside.Dialogs.Answers = {"a.pdf"};
+    SaveScanPage();
+    EXPECT_EQ(LastFileResult, FileSuccess);
+    EXPECT_EQ(Outside.Disk.Content.at("a.pdf"), "%PDF <121>");
+    EXPECT_EQ(labStatus.Caption, "a.pdf<138>");
+    for (Integer* step : {&Outside.Printer.PdfFailure, &Outside.Disk.WriteFailure}) {
+        Outside.Disk.Content["a.pdf"] = "old";
+        Outside.Dialogs.Answers = {"a.pdf"};
+        Outside.Boxes.Shown.clear();
+        *step = 57;
+        SaveScanPage();
+        *step = 0;
+        ASSERT_EQ(Outside.Boxes.Shown.size(), 1U);
+        EXPECT_TRUE(Outside.Boxes.Shown[0].Text.starts_with("<163>_1 57\n"));
+        EXPECT_EQ(Outside.Disk.Content["a.pdf"], "old");
+        EXPECT_EQ(SavingSession, Off);
+    }
 }
 
 TEST_F(QuickScan, EntriesHaveTheirColours) {

@@ -44,7 +44,8 @@ protected:
 TEST_F(Rescan, NumbersDoNotDependOnWhatWasLoadedBefore) {
     Outside.Disk.Content["long.hti"] = FileOf(80, 1, 1);
     Outside.Disk.Content["short.hti"] = FileOf(30, 9, 2);
-    Outside.Disk.Content["broken.hti"] = Outside.Disk.Content["long.hti"].substr(0, 90000);
+    const std::string& whole = Outside.Disk.Content["long.hti"];
+    Outside.Disk.Content["broken.hti"] = whole.substr(0, whole.find('\n', 90000) + 1);
     PutEverythingBack();
     const auto fresh = Play("short.hti");
     EXPECT_EQ(fresh.size(), 30U * 12);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/RecordingSurface.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -17,9 +18,10 @@ class FakeClock final : public Clock {
 public:
     std::int64_t Now = 0;
     std::int64_t PerReading = 0; ///< each reading takes this long
+    std::string Date = "21/11/2026", Time = "17:45";
     std::int64_t Milliseconds() override { return Now += PerReading; }
-    std::string Today = "21/11/2026";
-    std::string ShortDate() override { return Today; }
+    std::string LocalDate() override { return Date; }
+    std::string LocalTime() override { return Time; }
 };
 
 /// Files in memory. `ReadFailure` and `WriteFailure` fail every call; `DiskSize` lets a write fail after so
@@ -212,6 +214,41 @@ private:
     std::int64_t since_ = 0;
 };
 
+/// A printer that keeps the page it was given, and can fail at each step.
+class FakePagePrinter final : public PagePrinter {
+public:
+    PaperSize Sheet = PaperA4;
+    Integer ChoiceFailure = 0, PaintFailure = 0, EndFailure = 0, PdfFailure = 0;
+    std::string Steps; ///< c(hoose) p(aint) e(nd) m(ake a PDF)
+    RecordingSurface Page{0, 0};
+
+    Integer ChoosePrinter(const std::string& /*title*/) override {
+        Steps += 'c';
+        return ChoiceFailure;
+    }
+    PaperSize Paper() override { return Sheet; }
+    Integer PaintPage(const PaperPage& page) override {
+        Steps += 'p';
+        Page.Forget();
+        Page.Resize(page.Size.Width, page.Size.Height);
+        page.Draw(Page);
+        return PaintFailure;
+    }
+    Integer EndDocument() override {
+        Steps += 'e';
+        return EndFailure;
+    }
+    Integer MakePdf(const std::string& title, const std::function<PaperPage(PaperSize)>& page,
+                    std::string& bytes) override {
+        Steps += 'm';
+        const PaperPage sheet = page(Sheet);
+        Page.Resize(sheet.Size.Width, sheet.Size.Height);
+        sheet.Draw(Page);
+        bytes = "%PDF " + title;
+        return PdfFailure;
+    }
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -226,9 +263,18 @@ public:
     FakeProgress Bar;
     FakeMidiOutput Midi;
     FakeMediaControl Player{Time};
+    FakePagePrinter Printer;
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Midi, Player};
+    Platform platform_{.Clock = Time,
+                       .Files = Disk,
+                       .FileDialogs = Dialogs,
+                       .Messages = Boxes,
+                       .MessageLoop = Loop,
+                       .Progress = Bar,
+                       .MidiOutput = Midi,
+                       .MediaControl = Player,
+                       .PagePrinter = Printer};
 };
 
 } // namespace pulselark

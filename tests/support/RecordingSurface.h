@@ -76,6 +76,10 @@ public:
         Order.clear();
         Calls.clear();
     }
+    void Resize(double width, double height) {
+        width_ = width;
+        height_ = height;
+    }
     bool Untouched() const { return Order.empty() && Calls.empty(); }
 
     double Width() const override { return width_; }

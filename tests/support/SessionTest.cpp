@@ -13,7 +13,6 @@
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
 #include "quickscan/QsAnalysis.h"
-#include "quickscan/QsPrint.h"
 #include "quickscan/QuickScan.h"
 #include "session/AnalysisBuffers.h"
 #include "session/LanguageTable.h"
@@ -21,6 +20,7 @@
 #include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
+#include "session/ReportDocument.h"
 #include "session/Settings.h"
 
 namespace pulselark {
@@ -49,7 +49,6 @@ void PutEverythingBack() {
     ResetCoherenceBins();
     ResetQsAnalysis();
     QsTickCount = 0;
-    PrintOnePage = nullptr;
     ResetModulePanels();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
@@ -59,6 +58,7 @@ void PutEverythingBack() {
     LanguageTable.Clear();
     for (int item = 0; item < LanguageItems; ++item)
         LanguageTable(0, item) = "<" + std::to_string(item) + ">";
+    ResetReportDocument();
 }
 
 SessionTest::SessionTest() {

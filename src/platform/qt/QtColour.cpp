@@ -49,4 +49,14 @@ Colour InkOn(Colour colour, const Colour* backdrop, int backdropColours) {
     return colour;
 }
 
+QImage ToQImage(const Image& image) {
+    QImage picture(image.Width, image.Height, QImage::Format_RGB32);
+    for (int row = 0; row < image.Height; ++row) {
+        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(row));
+        for (int column = 0; column < image.Width; ++column)
+            line[column] = ToQColor(image.PixelAt(column, row)).rgb();
+    }
+    return picture;
+}
+
 } // namespace pulselark

@@ -3,6 +3,7 @@
 #include "base/Colour.h"
 
 #include <QColor>
+#include <QImage>
 
 namespace pulselark {
 
@@ -13,6 +14,9 @@ inline QColor ToQColor(Colour colour) {
 inline Colour FromQColor(const QColor& colour) {
     return MakeColour(colour.red(), colour.green(), colour.blue());
 }
+
+/// A picture of the core for the toolkit.
+QImage ToQImage(const Image& image);
 
 /// Contrast of two colours, 1 to 21: (lighter + 0.05) / (darker + 0.05) of their relative luminances
 /// (WCAG 2.1).

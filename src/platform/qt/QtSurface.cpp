@@ -330,15 +330,9 @@ void QtSurface::NoteBackdrop(const Image& image) {
 void QtSurface::StretchImage(const Image& image, double x, double y, double width, double height) {
     if (Empty() || image.Pixels.empty())
         return;
-    QImage picture(image.Width, image.Height, QImage::Format_RGB32);
-    for (int row = 0; row < image.Height; ++row) {
-        auto* line = reinterpret_cast<QRgb*>(picture.scanLine(row));
-        for (int column = 0; column < image.Width; ++column)
-            line[column] = ToQColor(image.PixelAt(column, row)).rgb();
-    }
     QPainter& painter = Painter();
     painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-    painter.drawImage(QRectF(x, height_ - y - height, width, height), picture);
+    painter.drawImage(QRectF(x, height_ - y - height, width, height), ToQImage(image));
     if (x <= 0 && y <= 0 && width >= width_ && height >= height_)
         NoteBackdrop(image);
 }

@@ -6,12 +6,19 @@
 
 namespace pulselark {
 
-/// The platform of the command line: no window, no dialog, no progress. A message is not shown, since the
+/// The platform of the command line: no window, no dialog, no progress, no
+/// printer. A message is not shown, since the
 /// command that caused it tells of its failure itself; its answer is the most careful button.
 class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
 public:
     explicit ConsolePlatform(class MidiOutput& midiOutput = NoMidiOutput())
-        : platform_{clock_, files_, *this, *this, *this, *this, midiOutput} {
+        : platform_{.Clock = clock_,
+                    .Files = files_,
+                    .FileDialogs = *this,
+                    .Messages = *this,
+                    .MessageLoop = *this,
+                    .Progress = *this,
+                    .MidiOutput = midiOutput} {
         InstallPlatform(platform_);
     }
 

@@ -4,11 +4,13 @@
 
 namespace pulselark {
 
-/// The system's monotonic clock, and its local date.
+/// The system's monotonic clock, and its calendar in the locale that the environment names for times. Where
+/// none is named, or one that is not installed, a date is as 21/11/2026 and a time as 17:45.
 class SystemClock final : public Clock {
 public:
     std::int64_t Milliseconds() override;
-    std::string ShortDate() override;
+    std::string LocalDate() override;
+    std::string LocalTime() override;
 };
 
 } // namespace pulselark
