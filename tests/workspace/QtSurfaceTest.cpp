@@ -88,15 +88,17 @@ TEST_F(Screen, GridLinesLieOnWholeDevicePixels) {
 double Thickness(const QImage& picture, bool steep) {
     constexpr double Empty = RedOf(Ground);
     const int sections = steep ? picture.height() : picture.width();
+    const int first = sections / 3;
+    const int beyond = 2 * sections / 3;
     double sum = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const int place = steep ? y : x;
-            if (place >= sections / 3 && place < 2 * sections / 3)
+            if (place >= first && place < beyond)
                 sum += (picture.pixelColor(x, y).red() - Empty) / (255 - Empty);
         }
     }
-    return sum / (2 * sections / 3 - sections / 3);
+    return sum / (beyond - first);
 }
 
 TEST_F(Screen, CurvesAreAsThickAsTheirPenInEveryDirection) {
@@ -153,7 +155,8 @@ TEST_F(Screen, CurvesThatRunFarOutAreCutOff) {
     Open(60, 40, 1);
     Surface.SetDrawWidth(2);
     const double endless = std::numeric_limits<double>::infinity();
-    const PanelPoint wild[] = {{-1e6, 20}, {30, 20}, {30, 1e8}, {30, 20}, {1e6, 20}, {endless, 3}, {5, NAN}};
+    const PanelPoint wild[] = {{-1e6, 20},   {30, 20}, {30, 1e8},      {30, 20},  {1e6, 20},
+                               {endless, 3}, {5, NAN}, {1e300, 1e300}, {1e300, 5}};
     Surface.Curve(wild, Red);
     EXPECT_EQ(Count(Red), 2 * 60 + 2 * 19);
 }

@@ -9,7 +9,7 @@ namespace pulselark {
 namespace {
 
 constexpr int Batch = 8;         // pixels looked at together
-constexpr double Farthest = 1e9; // lines longer than that are none
+constexpr double Farthest = 1e9; // a line that ends beyond is left out
 
 // Positions are counted in 1/65536 of a pixel.
 using Fixed = std::int64_t;
@@ -140,8 +140,10 @@ void CurvePen::Cover(const Piece& piece, const Area& area) {
 void CurvePen::CoverLine(const QPointF& from, const QPointF& to, double radius, Area& area) {
     const double dx = to.x() - from.x();
     const double dy = to.y() - from.y();
-    if (!(std::abs(dx) + std::abs(dy) < Farthest))
-        return;
+    for (const double place : {from.x(), from.y(), to.x(), to.y()}) {
+        if (!(std::abs(place) < Farthest))
+            return;
+    }
     const auto held = [](double value, int most) {
         return static_cast<int>(std::clamp(value, 0.0, static_cast<double>(most)));
     };

@@ -19,7 +19,7 @@ class CurvePen {
 public:
     /// Lines through all the points, in pixels from the picture's upper left corner; pixel i reaches from
     /// i to i + 1. `width` above 0, in pixels. What lies outside the picture is left out, as is a line with
-    /// an end that is no number.
+    /// an end that is no number or 1e9 pixels away.
     void Stroke(QImage& picture, std::span<const QPointF> points, double width, QRgb colour);
 
 private:
