@@ -1,7 +1,8 @@
 // pulselark_window_bench: what a tick of the window costs: analyses, drawing of the panels, painting of the
 // window, on a workspace of 1600 x 1000 with two channels and waterfalls of seven layers; beside the same
-// curves as bare polylines.
+// curves as bare polylines. Processor time is measured, so that other programs count for little.
 #include "BenchSession.h"
+#include "CurveRecorder.h"
 #include "PageBench.h"
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
@@ -11,6 +12,7 @@
 #include "analysis/ScaleDrag.h"
 #include "analysis/SpectrumPanel.h"
 #include "persistence/OpenSession.h"
+#include "session/AnalysisBuffers.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
@@ -21,13 +23,13 @@
 #include "workspace/frmMain.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
+#include <list>
 #include <vector>
 
 using namespace pulselark;
@@ -43,50 +45,68 @@ double Median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-template <class Routine>
-void Time(std::vector<double>& milliseconds, Routine routine) {
-    QElapsedTimer timer;
-    timer.start();
-    routine();
-    milliseconds.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+double ProcessorMilliseconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-// The curves of a tick without anything around them: per channel one of 513 points, seven of 512, seven of
-// 107, two of 59 and three of 126 in all, one line of width 1 each, on pictures of the panels' sizes.
+template <class Routine>
+void Time(std::vector<double>& milliseconds, Routine routine) {
+    const double start = ProcessorMilliseconds();
+    routine();
+    milliseconds.push_back(ProcessorMilliseconds() - start);
+}
+
+void DrawTick() {
+    DrawEcgA(*picIAP, SessionTick);
+    DrawEcgB(*picIBP, SessionTick);
+    DrawAnalysisPanels();
+}
+
+// The curves of a tick without anything around them: each a polyline of the toolkit, of width 1 and drawn
+// once, on pictures of the panels' sizes.
 class BareCurves {
 public:
+    // Takes the curves from a tick that is drawn for the purpose.
     BareCurves() {
-        Add(*picIA, 513, 1);
-        Add(*picSA, 512, 7);
-        Add(*picGCA, 107, 7);
-        Add(*picHisA, 59, 2);
-        Add(*picHRVA, 126, 1);
+        Surface** const panels[] = {&picIAP, &picIBP,  &picSA,   &picSB,   &picGCA,
+                                    &picGCB, &picHisA, &picHisB, &picHRVA, &picHRVB};
+        std::list<CurveRecorder> recorders;
+        for (Surface** panel : panels)
+            *panel = &recorders.emplace_back(**panel);
+        DrawTick();
+        std::size_t i = 0;
+        for (const CurveRecorder& recorder : recorders) {
+            *panels[i++] = &recorder.Panel();
+            Keep(recorder);
+        }
     }
     void Draw() {
-        constexpr int Channels = 2;
-        for (int channel = 0; channel < Channels; ++channel) {
-            for (Panel& panel : panels_) {
-                QPainter painter(&panel.Picture);
-                painter.setRenderHint(QPainter::Antialiasing);
-                painter.setPen(Qt::white);
-                for (int i = 0; i < panel.Count; ++i)
-                    painter.drawPolyline(panel.Curve);
-            }
+        for (Panel& panel : panels_) {
+            QPainter painter(&panel.Picture);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::white);
+            for (const QPolygonF& curve : panel.Curves)
+                painter.drawPolyline(curve);
         }
     }
 
 private:
     struct Panel {
         QImage Picture;
-        QPolygonF Curve;
-        int Count;
+        std::vector<QPolygonF> Curves;
     };
-    void Add(const Surface& surface, int points, int count) {
-        const QSize size(static_cast<int>(surface.Width()), static_cast<int>(surface.Height()));
-        Panel panel{QImage(size, QImage::Format_RGB32), {}, count};
-        for (int i = 0; i < points; ++i) {
-            const double x = size.width() * static_cast<double>(i) / points;
-            panel.Curve << QPointF(x, size.height() * (0.5 + 0.3 * std::sin(i * 0.9) * std::cos(i * 0.07)));
+    // A curve that is drawn twice, over its own shadow, counts once.
+    void Keep(const CurveRecorder& recorder) {
+        const QSize size(static_cast<int>(recorder.Width()), static_cast<int>(recorder.Height()));
+        Panel panel{QImage(size, QImage::Format_RGB32), {}};
+        for (const CurveRecorder::Points& points : recorder.Curves()) {
+            QPolygonF curve;
+            for (const PanelPoint& point : points)
+                curve << QPointF(point.X, size.height() - point.Y);
+            if (panel.Curves.empty() || curve != panel.Curves.back())
+                panel.Curves.push_back(curve);
         }
         panels_.push_back(std::move(panel));
     }
@@ -106,11 +126,7 @@ Shares MeasureTicks(frmMain& window, BareCurves& bare) {
     for (Long i = 0; i < Ticks; ++i) {
         SessionTick = AnalysisSecond = FirstSecond + i;
         Time(shares.Analysis, &RunAnalyses);
-        Time(shares.Drawing, [] {
-            DrawEcgA(*picIAP, SessionTick);
-            DrawEcgB(*picIBP, SessionTick);
-            DrawAnalysisPanels();
-        });
+        Time(shares.Drawing, &DrawTick);
         Time(shares.Painting, paint);
         shares.Whole.push_back(shares.Analysis.back() + shares.Drawing.back() + shares.Painting.back());
         Time(shares.Bare, [&bare] { bare.Draw(); });
@@ -159,12 +175,17 @@ void PrintDrags(frmMain& window) {
 }
 
 void Print(const char* title, const Shares& shares) {
+    const double whole = Median(shares.Whole);
     const double bare = Median(shares.Bare);
-    std::printf("%-10s tick %6.2f ms = analysis %5.2f + drawing %5.2f + painting %5.2f   seek %6.2f ms   "
-                "bare polylines %5.2f ms"
-                "   drawing / bare %4.2f\n",
-                title, Median(shares.Whole), Median(shares.Analysis), Median(shares.Drawing),
-                Median(shares.Painting), Median(shares.Seek), bare, Median(shares.Drawing) / bare);
+    const auto part = [whole](const char* name, const std::vector<double>& times) {
+        std::printf("  %s %.2f (%.0f %%)", name, Median(times), 100 * Median(times) / whole);
+    };
+    std::printf("%-9s tick %5.2f ms:", title, whole);
+    part("analysis", shares.Analysis);
+    part("drawing", shares.Drawing);
+    part("painting", shares.Painting);
+    std::printf("   seek %5.2f ms   bare polylines %5.2f ms: tick / bare %.2f, drawing / bare %.2f\n",
+                Median(shares.Seek), bare, whole / bare, Median(shares.Drawing) / bare);
 }
 
 } // namespace
@@ -185,6 +206,10 @@ int main(int argc, char** argv) {
     window.Mirror();
     QCoreApplication::processEvents();
     std::printf("%s, medians of %d ticks\n", session.FileName().c_str(), static_cast<int>(Ticks));
+    for (SessionTick = FirstSecond - RingSlots; SessionTick < FirstSecond; ++SessionTick) {
+        AnalysisSecond = SessionTick;
+        RunAnalyses();
+    }
     BareCurves bare;
     for (const Boolean solid : {Off, On}) {
         SolidGraphs = solid;

@@ -18,7 +18,7 @@ namespace pulselark {
 double CoherenceGain = 100;
 Integer CoherenceDepth = 6;
 double CoherenceStep = 0.0012 * std::exp(2.5);
-Integer CoherenceDepthKnob = 500;
+Integer CoherenceDepthKnob = WaterfallDepthKnob;
 Integer CoherenceStepKnob = 1000;
 Boolean ShowBpmCoherence = On;
 
@@ -28,12 +28,7 @@ constexpr GainDragLimits GainLimits{85, 130, 2};
 constexpr double LeastRate = 37.5; // rates from here to the next are printed, these two not
 constexpr double MostRate = 150;
 
-struct CoherenceDragRecord {
-    float DragY = 0;
-    double DragGain = 0;
-    double DragGainApplied = 0;
-};
-CoherenceDragRecord CoherenceDrag;
+GainDragRecord CoherenceDrag;
 
 struct CoherenceView {
     Surface*& Panel;
@@ -187,22 +182,10 @@ void OpenCoherencePanel(bool redraw) {
 }
 
 void DragCoherenceScale(int button, double y) {
-    if (!ScaleDragAllowed())
-        return;
-    CoherenceDragRecord& drag = CoherenceDrag;
-    if (button == 0) {
-        AnchorGainDrag(drag, y, CoherenceGain, GainLimits);
-        return;
-    }
-    if (button != 1)
-        return;
-    const double s = MoveGainDrag(drag, y, GainLimits);
-    if (s == drag.DragGainApplied)
-        return;
-    CoherenceGain = GainOfScale(s);
-    RefreshAnalysisSecond();
-    RedrawCoherence();
-    drag.DragGainApplied = s;
+    DragGainAlone(CoherenceDrag, button, y, CoherenceGain, GainLimits, [] {
+        RefreshAnalysisSecond();
+        RedrawCoherence();
+    });
 }
 
 Integer CoherenceDepthFromKnob(Integer position) {
@@ -215,8 +198,8 @@ double CoherenceStepFromKnob(Integer position) {
 
 void ResetCoherenceDisplay() {
     CoherenceGain = 100;
-    CoherenceDepth = 6;
-    CoherenceDepthKnob = 500;
+    CoherenceDepthKnob = WaterfallDepthKnob;
+    CoherenceDepth = CoherenceDepthFromKnob(CoherenceDepthKnob);
     CoherenceStepKnob = 1000;
     CoherenceStep = CoherenceStepFromKnob(CoherenceStepKnob);
     ShowBpmCoherence = On;

@@ -9,7 +9,7 @@ namespace pulselark {
 extern double CoherenceGain;   ///< vertical gain, 100^(s / 100) with s from 85 to 130; start 100
 extern Integer CoherenceDepth; ///< older layers behind the newest, 0 to 19; start 6
 extern double CoherenceStep;   ///< offset of each layer, coherence units; start that of a knob at 1000
-extern Integer CoherenceDepthKnob, CoherenceStepKnob; ///< knob positions, 0 to 1000; start 500, 1000
+extern Integer CoherenceDepthKnob, CoherenceStepKnob; ///< knob positions, 0 to 1000; start 316, 1000
 extern Boolean ShowBpmCoherence; ///< the rate of the peak, the BPMc, is printed at the peak; start -1
 
 /// Draws a panel from the ring.

@@ -32,12 +32,13 @@ void CurveOfTransform(double norm, CoherenceCurve& curve) {
         curve.fill(0);
         return;
     }
+    const double perNorm = 1 / norm; // a division for each point would take as long as its root
     const float* real = CepstrumRealOut.data();
     const float* imaginary = CepstrumImagOut.data();
     for (std::size_t i = 0; i < curve.size(); ++i) {
         const double re = real[i];
         const double im = imaginary[i];
-        curve[i] = std::sqrt(re * re + im * im) / norm;
+        curve[i] = std::sqrt(re * re + im * im) * perNorm;
     }
 }
 

@@ -5,8 +5,14 @@
 #include <algorithm>
 
 /// The vertical drag of a panel's gain, which all panels share: up raises the scale s, and the gain is
-/// 100^(s / 100). A record of a drag has the fields DragY, DragGain and DragGainApplied.
+/// 100^(s / 100). A record of a drag has the fields of `GainDragRecord`.
 namespace pulselark {
+
+struct GainDragRecord {
+    float DragY = 0;            ///< where the mouse held the scale, panel units
+    double DragGain = 0;        ///< s at that place
+    double DragGainApplied = 0; ///< s that the panel shows
+};
 
 struct GainDragLimits {
     double Least;         ///< of s
@@ -36,6 +42,24 @@ double MoveGainDrag(Record& record, double y, const GainDragLimits& limits) {
         record.DragGain = s;
     }
     return s;
+}
+
+/// A drag of a panel that has no other scale: button 0 anchors, 1 moves. `redraw` shows a gain that changed.
+template <class Redraw>
+void DragGainAlone(GainDragRecord& record, int button, double y, double& gain, const GainDragLimits& limits,
+                   Redraw redraw) {
+    if (!ScaleDragAllowed())
+        return;
+    if (button == 0)
+        AnchorGainDrag(record, y, gain, limits);
+    if (button != 1)
+        return;
+    const double s = MoveGainDrag(record, y, limits);
+    if (s == record.DragGainApplied)
+        return;
+    gain = GainOfScale(s);
+    redraw();
+    record.DragGainApplied = s;
 }
 
 } // namespace pulselark

@@ -32,12 +32,7 @@ struct Band {
 };
 constexpr std::array<Band, 3> Bands{{{2, 10, 0x3A43DB}, {11, 38, 0x0FB41E}, {39, 127, 0xD47624}}};
 
-struct HrvDragRecord {
-    float DragY = 0;
-    double DragGain = 0;
-    double DragGainApplied = 0;
-};
-HrvDragRecord HrvDrag;
+GainDragRecord HrvDrag;
 
 struct HrvView {
     Surface*& Panel;
@@ -217,21 +212,7 @@ void OpenHrvPanel(bool redraw) {
 }
 
 void DragHrvScale(int button, double y) {
-    if (!ScaleDragAllowed())
-        return;
-    HrvDragRecord& drag = HrvDrag;
-    if (button == 0) {
-        AnchorGainDrag(drag, y, HrvGain, GainLimits);
-        return;
-    }
-    if (button != 1)
-        return;
-    const double s = MoveGainDrag(drag, y, GainLimits);
-    if (s == drag.DragGainApplied)
-        return;
-    HrvGain = GainOfScale(s);
-    RedrawHrv();
-    drag.DragGainApplied = s;
+    DragGainAlone(HrvDrag, button, y, HrvGain, GainLimits, &RedrawHrv);
 }
 
 void ResetHrvDisplay() {

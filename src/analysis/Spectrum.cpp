@@ -58,10 +58,14 @@ double StoreMean(const SpectrumRing& raw, Series<float, SpectrumBins>& avg, int 
         mean[i] = (static_cast<double>(newest[i]) + before[i]) * 0.5;
         avg.data()[i] = static_cast<float>(mean[i]);
     }
-    double sum = 0;
-    for (std::size_t i = 0; i < SpectrumNormBins; ++i)
-        sum += mean[i];
-    return sum;
+    // Four sums side by side, since each addition waits for the one before it.
+    std::array<double, 4> sums{};
+    static_assert(SpectrumNormBins % sums.size() == 0);
+    for (std::size_t i = 0; i < SpectrumNormBins; i += sums.size()) {
+        for (std::size_t lane = 0; lane < sums.size(); ++lane)
+            sums[lane] += mean[i + lane];
+    }
+    return (sums[0] + sums[1]) + (sums[2] + sums[3]);
 }
 
 void CalcSpectrum(const SpectrumChannel& channel) {

@@ -17,7 +17,7 @@ Integer SpectrumMaxHz = 64;
 double SpectrumGain = 100;
 Integer SpectrumDepth = 6;
 Integer SpectrumStep = 4568;
-Integer SpectrumDepthKnob = 500;
+Integer SpectrumDepthKnob = WaterfallDepthKnob;
 Integer SpectrumStepKnob = 1000;
 
 namespace {
@@ -185,8 +185,8 @@ Integer SpectrumStepFromKnob(Integer position) {
 void ResetSpectrumDisplay() {
     SpectrumMaxHz = MostMaxHz;
     SpectrumGain = 100;
-    SpectrumDepth = 6;
-    SpectrumDepthKnob = 500;
+    SpectrumDepthKnob = WaterfallDepthKnob;
+    SpectrumDepth = SpectrumDepthFromKnob(SpectrumDepthKnob);
     SpectrumStepKnob = 1000;
     SpectrumStep = SpectrumStepFromKnob(SpectrumStepKnob);
 }

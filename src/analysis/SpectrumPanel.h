@@ -10,7 +10,7 @@ extern Integer SpectrumMaxHz; ///< right end of the frequency axis, 10 to 64 Hz;
 extern double SpectrumGain;   ///< vertical gain, 100^(s / 100) with s from 80 to 160; start 100
 extern Integer SpectrumDepth; ///< older layers behind the newest, 0 to 19; start 6
 extern Integer SpectrumStep;  ///< offset of each layer, magnitude; start that of a knob at 1000
-extern Integer SpectrumDepthKnob, SpectrumStepKnob; ///< knob positions, 0 to 1000; start 500, 1000
+extern Integer SpectrumDepthKnob, SpectrumStepKnob; ///< knob positions, 0 to 1000; start 316, 1000
 
 /// Draws a panel from the ring.
 void DrawSpectrumA();

@@ -8,6 +8,9 @@
 
 namespace pulselark {
 
+/// The knob of a waterfall's depth before any settings are read: six older layers.
+inline constexpr Integer WaterfallDepthKnob = 316;
+
 /// How a waterfall fills the newest curve when graphs are solid.
 struct WaterfallFill {
     double BaselineLeft; ///< where the closing baseline starts

@@ -94,22 +94,16 @@ TEST_F(CoherencePanel, AxesAtEverySizeAndGain) {
             ExpectNoCollision(*B);
         }
     }
-}
-
-// The same by hand: 400 units for 120 %, so 5 % are 16.7.
-TEST_F(CoherencePanel, AxesByHand) {
-    Draw({900, 400});
-    const auto& texts = A->Texts;
-    ASSERT_EQ(texts.size(), 18U + 20U);
-    EXPECT_EQ(texts[9].Value + " " + texts[17].Value, "1.0 1.8/Hz");
-    EXPECT_NEAR(texts[9].X, 459, 0.1); // one second, in the middle of the plot
-    EXPECT_EQ(B->Texts[17].Value, "1.8 / Hz");
-    EXPECT_EQ(texts[18].Value + " " + texts[37].Value, "5 100%");
-    EXPECT_NEAR(texts[37].Y, 351.3, 0.1);
-    EXPECT_EQ(texts[37].X, 0);
-    CoherenceGain = Gain(130); // 30 % in 150 units: 29 % would rise above the panel, 26 % does not
+    // By hand: 30 % in 150 units, so 29 % would rise above the panel, and 26 % does not.
+    CoherenceGain = Gain(130);
     Draw({300, 150});
     EXPECT_EQ(A->Texts.back().Value, "25%");
+    CoherenceGain = 100;
+    Draw({900, 400});
+    EXPECT_EQ(A->Texts[9].Value + " " + A->Texts[17].Value, "1.0 1.8/Hz");
+    EXPECT_NEAR(A->Texts[9].X, 459, 0.1); // one second, in the middle of the plot
+    EXPECT_EQ(A->Texts[37].Value, "100%");
+    EXPECT_NEAR(A->Texts[37].Y, 351.3, 0.1);
 }
 
 TEST_F(CoherencePanel, WaterfallFromTheOldestToTheNewest) {
@@ -130,16 +124,6 @@ TEST_F(CoherencePanel, WaterfallFromTheOldestToTheNewest) {
     }
 }
 
-TEST_F(CoherencePanel, ALoneCurveHasAShadow) {
-    const Size size{300, 150};
-    CoherenceDepth = 0;
-    Draw(size);
-    ASSERT_EQ(A->Traces.size(), 2U);
-    const auto at = [&](int i) { return PointOf(size, CepstrumA, 5, 0, i); };
-    ExpectTrace(A->Traces[0], 107, HalfWay(0xFFFFFF, 0x2B0F0A), 3, at);
-    ExpectTrace(A->Traces[1], 107, 0xFFFFFF, 1, at);
-}
-
 TEST_F(CoherencePanel, TheNewestCurveIsFilled) {
     SolidGraphs = On;
     ColourSchemeIndex = 4;
@@ -149,17 +133,14 @@ TEST_F(CoherencePanel, TheNewestCurveIsFilled) {
     ASSERT_EQ(A->Traces.size(), 1U); // no shadow
     EXPECT_EQ(A->Traces[0].Ink, mix);
     EXPECT_EQ(A->Fills, (std::vector<RecordingSurface::Fill>{{450, 387, mix, 0x3888E3}}));
-    EXPECT_EQ(A->Order.substr(A->Order.find('c')), "clllflll");
-    const double left = 36 + 6.75 * 11;
-    const double right = 36 + 6.75 * 117;
-    const double y1 = A->Traces[0].Points.front().Y;
-    const double y2 = A->Traces[0].Points.back().Y;
-    const std::vector<RecordingSurface::Segment> closing(A->Segments.end() - 6, A->Segments.end());
     // The closing baseline starts 12 units further left than the curve.
-    const std::vector<RecordingSurface::Segment> wanted{
-        {left, y1, left, 12, mix},   {right, y2, right, 12, mix},    {left - 12, 12, right, 12, mix},
-        {36, 12, 900, 12, 0x424242}, {left, y1, left, 12, 0x3888E3}, {right, y2, right, 12, 0x3888E3}};
-    EXPECT_EQ(closing, wanted);
+    const double start = A->Traces[0].Points.front().X - 12;
+    const auto& closing = A->Segments[A->Segments.size() - 4];
+    EXPECT_EQ(closing, (RecordingSurface::Segment{start, 12, 36 + 6.75 * 117, 12, mix}));
+    SolidGraphs = Off;
+    Draw({900, 400});
+    ASSERT_EQ(A->Traces.size(), 2U); // a lone curve over its shadow
+    EXPECT_EQ(A->Traces[0].DrawWidth * 10 + A->Traces[1].DrawWidth, 31);
 }
 
 TEST_F(CoherencePanel, TheRateIsPrintedAtItsPeak) {
@@ -195,6 +176,7 @@ TEST_F(CoherencePanel, ClearedRingsAreFlat) {
     EXPECT_EQ(CepstrumA, CepstrumRing{});
     EXPECT_GT(CepstrumB[19][20], 0);
     EXPECT_EQ(CoherenceDepthFromKnob(1000), 19);
+    EXPECT_EQ(CoherenceDepthFromKnob(CoherenceDepthKnob), CoherenceDepth); // before any settings too
     EXPECT_DOUBLE_EQ(CoherenceStepFromKnob(0), 0.0012);
     EXPECT_NEAR(CoherenceStepFromKnob(1000), 0.014619, 1e-6);
 }

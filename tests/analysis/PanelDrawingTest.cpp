@@ -1,6 +1,5 @@
 #include "analysis/PanelDrawing.h"
 
-#include "analysis/ColourSchemes.h"
 #include "analysis/ModulePlaces.h"
 #include "support/SessionTest.h"
 
@@ -26,18 +25,6 @@ TEST_F(PanelDrawing, GridStepIsTheSmallestThatKeepsTheDistance) {
 TEST_F(PanelDrawing, TimeLabelsStartAgainEachHour) {
     EXPECT_EQ(FormatMinSec(9) + FormatMinSec(60) + FormatMinSec(3565), "00:0901:0059:25");
     EXPECT_EQ(FormatMinSec(3599) + FormatMinSec(3600) + FormatMinSec(3661), "59:5900:0001:01");
-}
-
-TEST_F(PanelDrawing, LayersRunAlongTheRamp) {
-    ColourSchemeIndex = 4;
-    const Image& ramp = picWGradient(4);
-    EXPECT_EQ(ColoursOfLayer(0, 6).Layer, ramp.PixelAt(0, 4));
-    EXPECT_EQ(ColoursOfLayer(3, 6).Layer, ramp.PixelAt(251, 4)); // 3 / 6.1 * 511 = 251.3
-    EXPECT_EQ(ColoursOfLayer(6, 6).Layer, ramp.PixelAt(503, 4)); // 6 / 6.1 * 511 = 502.6
-    EXPECT_EQ(ColoursOfLayer(0, 0).Layer, 0x46AFFFU);            // the newest, alone
-    EXPECT_EQ(ColoursOfLayer(0, 0).Shadow, MixColours(0x46AFFF, PanelBackColour()));
-    SolidGraphs = On;
-    EXPECT_EQ(ColoursOfLayer(2, 6).Layer, MixColours(0x3888E3, PanelBackColour()));
 }
 
 TEST_F(PanelDrawing, PanelsShareTheRoomOfTheirModule) {

@@ -103,6 +103,15 @@ TEST_F(Golden, CoherenceMidnight) {
     Compare("coherence_midnight", Panel.Picture());
 }
 
+TEST_F(Golden, CoherenceFilledAtTwiceTheDensity) {
+    ColourSchemeIndex = 2;
+    SolidGraphs = On;
+    Panel.Resize(320, 160, 2);
+    picGCA = &Panel;
+    OpenCoherencePanel(true);
+    Compare("coherence_filled_dense", Panel.Picture());
+}
+
 TEST_F(Golden, HistoryLinenFilled) {
     ColourSchemeIndex = 1;
     HistoryStyle = 8;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 namespace pulselark {
@@ -80,6 +81,84 @@ TEST_F(Screen, GridLinesLieOnWholeDevicePixels) {
             }
         }
     }
+}
+
+// How much of each device pixel the curve covers, added up along a section and averaged over the middle of
+// the picture: the section is one pixel column for a level curve, a row for a steep one.
+double Thickness(const QImage& picture, bool steep) {
+    constexpr double Empty = RedOf(Ground);
+    const int sections = steep ? picture.height() : picture.width();
+    const int first = sections / 3;
+    const int beyond = 2 * sections / 3;
+    double sum = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const int place = steep ? y : x;
+            if (place >= first && place < beyond)
+                sum += (picture.pixelColor(x, y).red() - Empty) / (255 - Empty);
+        }
+    }
+    return sum / (beyond - first);
+}
+
+TEST_F(Screen, CurvesAreAsThickAsTheirPenInEveryDirection) {
+    for (const double density : {1.0, 1.5, 2.0, 3.0}) {
+        for (const int width : {1, 2, 3}) {
+            for (const double slope : {0.01, 0.3, 1.0, 4.0, 300.0}) {
+                SCOPED_TRACE(testing::Message() << density << " " << width << " slope " << slope);
+                Open(60, 60, density);
+                Surface.SetDrawWidth(width);
+                const bool steep = slope > 1;
+                const double dx = steep ? 60 / slope : 60;
+                const double dy = steep ? 60 : 60 * slope;
+                const PanelPoint ends[] = {{30.3 - dx / 2, 30.2 - dy / 2}, {30.3 + dx / 2, 30.2 + dy / 2}};
+                Surface.Curve(ends, Red);
+                const double cut = std::sqrt(dx * dx + dy * dy) / std::max(dx, dy); // across the section
+                EXPECT_NEAR(Thickness(Surface.Picture(), steep) / cut, width * density,
+                            0.04 * width * density);
+                const QImage whole = Surface.Picture().copy();
+                Surface.Refresh(); // in many pieces it is the same curve
+                std::vector<PanelPoint> pieces;
+                for (int i = 0; i <= 70; ++i)
+                    pieces.push_back({ends[0].X + dx * i / 70, ends[0].Y + dy * i / 70});
+                Surface.Curve(pieces, Red);
+                const QImage& pieced = Surface.Picture();
+                int most = 0;
+                for (int y = 2; y < whole.height() - 2; ++y) {
+                    for (int x = 2; x < whole.width() - 2; ++x)
+                        most = std::max(
+                            most, std::abs(pieced.pixelColor(x, y).red() - whole.pixelColor(x, y).red()));
+                }
+                EXPECT_LE(most, 32);
+            }
+        }
+    }
+}
+
+TEST_F(Screen, CornersOfACurveAreClosedAndDoNotStickOut) {
+    for (const double density : {1.0, 2.0, 3.0}) {
+        Open(60, 60, density);
+        Surface.SetDrawWidth(3);
+        const PanelPoint roof[] = {{10, 10}, {30, 40}, {50, 10}};
+        Surface.Curve(roof, Red);
+        const auto red = [&](double up) {
+            const int row = static_cast<int>((60 - up) * density);
+            return RedOf(At(static_cast<int>(30 * density), row));
+        };
+        EXPECT_GT(red(40.9), 200); // the pen is round
+        EXPECT_GT(red(39), 250);
+        EXPECT_EQ(red(42.6), RedOf(Ground));
+    }
+}
+
+TEST_F(Screen, CurvesThatRunFarOutAreCutOff) {
+    Open(60, 40, 1);
+    Surface.SetDrawWidth(2);
+    const double endless = std::numeric_limits<double>::infinity();
+    const PanelPoint wild[] = {{-1e6, 20},   {30, 20}, {30, 1e8},      {30, 20},  {1e6, 20},
+                               {endless, 3}, {5, NAN}, {1e300, 1e300}, {1e300, 5}};
+    Surface.Curve(wild, Red);
+    EXPECT_EQ(Count(Red), 2 * 60 + 2 * 19);
 }
 
 TEST_F(Screen, TextCanBeReadInEveryScheme) {

@@ -1,53 +1,15 @@
 #include "platform/qt/QtSurface.h"
 
 #include "platform/qt/QtColour.h"
-#include "platform/qt/QtFonts.h"
-
-#include <QFontMetricsF>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 
 namespace pulselark {
 
 namespace {
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-// A pen wider than one device pixel costs many times a narrow one; the same width is had from a few narrow
-// lines side by side. `reach` is how far the outermost of them lie from the middle, in device pixels;
-// neighbours are at most 0.8 apart, so that a line of any direction is solid.
-const std::vector<QPointF>& LinesSideBySide(double reach) {
-    static std::map<double, std::vector<QPointF>> known;
-    std::vector<QPointF>& lines = known[reach];
-    if (!lines.empty())
-        return lines;
-    if (reach < 0.05) {
-        lines = {{0, 0}};
-    } else if (reach < 0.75) {
-        lines = {{0, 1.1 * reach}, {-0.95 * reach, -0.55 * reach}, {0.95 * reach, -0.55 * reach}};
-    } else {
-        constexpr double Apart = 0.8;
-        const int steps = static_cast<int>(std::ceil(reach / Apart - 0.3));
-        lines.emplace_back(0, 0);
-        for (int i = 1; i <= steps; ++i) {
-            const double offset = reach * i / steps;
-            for (const QPointF& shift :
-                 {QPointF(offset, 0), QPointF(-offset, 0), QPointF(0, offset), QPointF(0, -offset)})
-                lines.push_back(shift);
-        }
-        const double diagonal = 0.7 * reach;
-        for (const QPointF& shift : {QPointF(diagonal, diagonal), QPointF(-diagonal, diagonal),
-                                     QPointF(diagonal, -diagonal), QPointF(-diagonal, -diagonal)}) {
-            if (reach > 1.2)
-                lines.push_back(shift);
-        }
-    }
-    return lines;
-}
 
 constexpr std::array<QPointF, 8> Around{
     {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {0.7, 0.7}, {-0.7, 0.7}, {0.7, -0.7}, {-0.7, -0.7}}};
@@ -57,19 +19,6 @@ constexpr int LargeText = 19;  // px
 constexpr double RimWidth = 2; // around large text, px
 
 } // namespace
-
-QFont PanelFont(std::string_view name, int size, bool bold) {
-    QFont font(FontFamilies());
-    if (size >= 14) {
-        font.setPixelSize(19);
-        font.setWeight(QFont::Bold);
-        return font;
-    }
-    const bool caption = name == "Arial";
-    font.setPixelSize(caption ? 12 : 11);
-    font.setWeight(bold ? QFont::Bold : caption ? QFont::Medium : QFont::Normal);
-    return font;
-}
 
 void QtSurface::Resize(int width, int height, double density) {
     if (width == width_ && height == height_ && density == density_)
@@ -116,7 +65,8 @@ void QtSurface::Refresh() {
     if (Empty())
         return;
     EndPainting();
-    image_ = stored_;
+    // Copied over what is there: sharing the picture would cost a new one at the next stroke.
+    std::memcpy(image_.bits(), stored_.constBits(), static_cast<std::size_t>(image_.sizeInBytes()));
     if (OnDrawn)
         OnDrawn();
 }
@@ -138,19 +88,25 @@ void QtSurface::StorePicture(const Surface& source) {
 
 double QtSurface::TextWidth(std::string_view text) const {
     if (pageFont_.Height > 0)
-        return pageFont_.Width(Text(text));
-    return QFontMetricsF(font_).horizontalAdvance(Text(text));
+        return pageFont_.Width(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    return font_->Width(text);
 }
 
 double QtSurface::TextHeight(std::string_view /*text*/) const {
     if (pageFont_.Height > 0)
         return pageFont_.Height;
-    return font_.pixelSize() + LineSpace;
+    return font_->PixelSize() + LineSpace;
 }
 
 void QtSurface::SetFont(std::string_view name, int size, bool bold) {
-    font_ = PanelFont(name, size, bold);
     pageFont_ = {};
+    for (const std::unique_ptr<PanelText>& known : fonts_) {
+        if (known->Is(name, size, bold)) {
+            font_ = known.get();
+            return;
+        }
+    }
+    font_ = fonts_.emplace_back(std::make_unique<PanelText>(name, size, bold)).get();
 }
 
 void QtSurface::GridLine(double x1, double y1, double x2, double y2, Colour colour) {
@@ -169,10 +125,8 @@ void QtSurface::GridLine(double x1, double y1, double x2, double y2, Colour colo
         line.moveTop(line.top() - thickness / 2);
         line.setHeight(thickness);
     }
-    QPainter& painter = Painter();
-    painter.fillRect(
-        QRectF(line.x() / density_, line.y() / density_, line.width() / density_, line.height() / density_),
-        ToQColor(colour));
+    Painter();
+    FillRectangle(image_, line, ToQColor(colour).rgb());
 }
 
 void QtSurface::Line(double x1, double y1, double x2, double y2, Colour colour) {
@@ -191,20 +145,11 @@ void QtSurface::Line(double x1, double y1, double x2, double y2, Colour colour) 
 void QtSurface::Curve(std::span<const PanelPoint> points, Colour colour) {
     if (Empty() || points.size() < 2)
         return;
-    QPainter& painter = Painter();
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    QPen pen(ToQColor(colour), 1);
-    pen.setCosmetic(true);
-    painter.setPen(pen);
     points_.resize(points.size());
-    const double reach = std::max(0.0, (drawWidth_ * density_ - 1) / 2);
-    for (const QPointF& line : LinesSideBySide(reach)) {
-        const QPointF shift = line / density_;
-        for (std::size_t i = 0; i < points.size(); ++i)
-            points_[i] = QPointF(points[i].X, height_ - points[i].Y) + shift;
-        painter.drawPolyline(points_.data(), static_cast<int>(points_.size()));
-    }
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (std::size_t i = 0; i < points.size(); ++i)
+        points_[i] = QPointF(points[i].X, height_ - points[i].Y) * density_;
+    Painter();
+    pen_.Stroke(image_, points_, drawWidth_ * density_, ToQColor(colour).rgb());
     outline_.resize(points.size());
     for (std::size_t i = 0; i < points.size(); ++i)
         outline_[i] = {points[i].X, height_ - points[i].Y};
@@ -234,15 +179,13 @@ void QtSurface::Print(double x, double y, std::string_view text) {
         return;
     }
     QPainter& painter = Painter();
-    painter.setFont(font_);
     // The figures stand in the middle of their line's height.
-    const QFontMetricsF metrics(font_);
     const QPointF corner = ToDevice(x, y);
-    const QPointF base(corner.x(), corner.y() + (TextHeight(text) + metrics.capHeight()) / 2);
+    const QPointF base(corner.x(), corner.y() + (TextHeight(text) + font_->CapHeight()) / 2);
     const QColor ink = ToQColor(Ink(foreColour_));
-    if (font_.pixelSize() < LargeText) {
+    if (font_->PixelSize() < LargeText) {
         painter.setPen(ink);
-        painter.drawText(base, Text(text));
+        font_->Draw(painter, base, text);
         return;
     }
     // Large text stands over curves: a rim in the colour of the background, the letters themselves shifted
@@ -250,9 +193,9 @@ void QtSurface::Print(double x, double y, std::string_view text) {
     const Colour rim = backdrop_.empty() ? 0 : backdrop_[backdrop_.size() / 2];
     painter.setPen(ToQColor(rim));
     for (const QPointF& direction : Around)
-        painter.drawText(base + direction * RimWidth, Text(text));
+        font_->Draw(painter, base + direction * RimWidth, text);
     painter.setPen(ink);
-    painter.drawText(base, Text(text));
+    font_->Draw(painter, base, text);
 }
 
 void QtSurface::FloodFill(int x, int y, Colour borderColour) {
@@ -271,12 +214,9 @@ bool QtSurface::FillOutline(Colour borderColour) {
     painter.drawPolygon(outline_.data(), static_cast<int>(outline_.size()));
     painter.setBrush(Qt::NoBrush);
     // The area itself is drawn without antialiasing, which is many times faster; a line smooths its edge.
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    QPen edge(ToQColor(fillColour_), 1);
-    edge.setCosmetic(true);
-    painter.setPen(edge);
-    painter.drawPolyline(outline_.data(), static_cast<int>(outline_.size()) - 2);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (QPointF& point : outline_)
+        point *= density_;
+    pen_.Stroke(image_, std::span(outline_).first(outline_.size() - 2), 1, ToQColor(fillColour_).rgb());
     outline_.clear();
     return true;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/Surface.h"
+#include "platform/qt/CurvePen.h"
+#include "platform/qt/PanelText.h"
 #include "platform/qt/QtSurfaceShapes.h"
 
-#include <QFont>
 #include <QImage>
 #include <QPainter>
-#include <QString>
 
 #include <functional>
 #include <map>
@@ -14,9 +14,6 @@
 #include <vector>
 
 namespace pulselark {
-
-/// A font of the panels: the two names and sizes that panels use, as fonts of this system.
-QFont PanelFont(std::string_view name, int size, bool bold);
 
 /// A surface on a picture in memory, sharp at any density of the screen. The owner gives it its size and
 /// shows its picture; `OnDrawn` is called when a drawing has begun to change it.
@@ -27,6 +24,8 @@ QFont PanelFont(std::string_view name, int size, bool bold);
 /// against the stored picture, while lines keep their exact colours.
 class QtSurface final : public Surface {
 public:
+    QtSurface() { SetFont("MS Sans Serif", 8, false); }
+
     std::function<void()> OnDrawn;
 
     /// Size in panel units and device pixels per unit. A new size empties the surface.
@@ -81,8 +80,10 @@ private:
     int drawWidth_ = 1;
     Colour foreColour_ = 0;
     Colour fillColour_ = 0;
-    QFont font_ = PanelFont("MS Sans Serif", 8, false);
-    PageFont pageFont_; // of height 0 while a font of the panels holds
+    std::vector<std::unique_ptr<PanelText>> fonts_; // the few that were asked for
+    PanelText* font_ = nullptr;                     // one of them
+    PageFont pageFont_;                             // of height 0 while a font of the panels holds
+    CurvePen pen_;
     QImage image_;
     QImage stored_;
     mutable std::unique_ptr<QPainter> painter_;
