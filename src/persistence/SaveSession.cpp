@@ -1,6 +1,7 @@
 #include "persistence/SaveSession.h"
 
 #include "base/FlagWhile.h"
+#include "feedback/Scenery.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ggz.h"
 #include "persistence/FileMessages.h"
@@ -22,7 +23,7 @@ namespace {
 void BringSceneryBack() {
     if (TrainingActive == Off)
         return;
-    SendAppCommand(240, 0, 0, 0, 0);
+    SendAppCommand(CmdRestoreView);
     RestoreScenery();
 }
 
@@ -45,6 +46,12 @@ Integer WriteSessionFile(const std::string& name) {
     } catch (const std::bad_alloc&) {
         return FailureOutOfMemory;
     }
+}
+
+void SaveSessionFromMenu() {
+    if (TrainingActive != Off && SessionUnsaved != Off)
+        PrepareForFileDialog();
+    SaveSession();
 }
 
 void SaveSession() {

@@ -1,6 +1,8 @@
 #include "session/SessionTimers.h"
 
 #include "analysis/ColourSchemes.h"
+#include "feedback/PartnerTools.h"
+#include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -84,6 +86,8 @@ void InstallTimerHandlers() {
     timLoadingProgress.Handler = &LoadingTick;
     timPause.Handler = &PauseTick;
     timBlockMovieCommands.Handler = &UnblockTick;
+    InstallSceneryTimers();
+    InstallToolTimers();
 }
 
 } // namespace pulselark
