@@ -146,7 +146,7 @@ TEST_F(Transport, APartnerThatHangsHoldsOneMessageUpOnce) {
     EXPECT_LE(best.count(), 50); // one of three, since the machine may be busy otherwise
     // Of all that was sent while it hung, it has the one that held things up, and it has it first.
     const std::vector<double>& received = partner.Received();
-    for (double round = 1; round <= 3; ++round)
+    for (const double round : {1, 2, 3})
         EXPECT_EQ(std::count(received.begin(), received.end(), round), 1);
 }
 

@@ -62,7 +62,7 @@ bool SocketTransport::Connect(const std::string& title) {
     if (!connection.IsOpen() || ::connect(connection.Number(), place_.Get(), sizeof place_.Address) != 0 ||
         !PeerIsOwnUser(connection.Number()))
         return false;
-    const timeval patience{0, LinkPatience * 1000};
+    const timeval patience{0, suseconds_t{LinkPatience} * 1000};
     ::setsockopt(connection.Number(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
     ::fcntl(connection.Number(), F_SETFL, 0); // from here on only an answer is waited for
     connection_ = std::move(connection);
