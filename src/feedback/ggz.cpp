@@ -1,10 +1,16 @@
 #include "feedback/ggz.h"
 
+#include "session/MainControls.h"
+
 namespace pulselark {
 
 void TickTraining() {}
 void ApplyModeState() {}
-void StopMusicAndScenery() {}
-void RestoreScenery() {}
+void StopMusicAndScenery() {
+    timStopScrollGame.Enabled = true;
+}
+void RestoreScenery() {
+    picRestoreGame.Visible = true;
+}
 
 } // namespace pulselark

@@ -8,6 +8,8 @@
 #include "platform/Messages.h"
 #include "platform/MidiOutput.h"
 #include "platform/PagePrinter.h"
+#include "platform/PartnerTransport.h"
+#include "platform/ProgramLauncher.h"
 #include "platform/Progress.h"
 
 namespace pulselark {
@@ -20,6 +22,8 @@ struct Platform {
     class Messages& Messages;
     class MessageLoop& MessageLoop;
     class Progress& Progress;
+    class PartnerTransport& PartnerTransport;
+    class ProgramLauncher& ProgramLauncher;
     class MidiOutput& MidiOutput = NoMidiOutput();
     class MediaControl& MediaControl = NoMediaControl();
     class PagePrinter& PagePrinter = NoPrinter();

@@ -11,6 +11,9 @@ std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 std::array<Label, 2> labQSMenu;
 PageControl picSliderAv, picAvUp, picAvDown;
 
+Picture picGamePassive, picRestoreGame;
+Label labRestoreGame;
+
 PictureButton picStartSmp, picReplay, picStop;
 
 Timer timReplay{"timReplay", ReplayInterval};
@@ -28,14 +31,38 @@ Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
 Timer timSoundsOff{"timSoundsOff", 2500};
 Timer timFadeOut{"timFadeOut", 250};
+Timer timManualCloseScenery{"timManualCloseScenery", 5000};
+Timer timRestoreGameFirst{"timRestoreGameFirst", 2000};
+Timer timStopScrollGame{"timStopScrollGame", 1500};
+Timer timStartScrollDelayed{"timStartScrollDelayed", 2000};
+Timer timSendGameSetup{"timSendGameSetup", 3500};
+Timer timShellExDelayed{"timShellExDelayed", 2000};
+Timer timStartRYB{"timStartRYB", 2000};
 
 namespace {
 
-constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
-                               &timLedBlink,    &timPause,       &timBlockMovieCommands,
-                               &timPlayerCheck, &timABMode,      &timLoadingProgress,
-                               &timStartUp,     &timShowModules, &timPrintFirst,
-                               &timQS,          &timSoundsOff,   &timFadeOut};
+constexpr std::array AllTimers{&timReplay,
+                               &timProcess,
+                               &timStop,
+                               &timLedBlink,
+                               &timPause,
+                               &timBlockMovieCommands,
+                               &timPlayerCheck,
+                               &timABMode,
+                               &timLoadingProgress,
+                               &timStartUp,
+                               &timShowModules,
+                               &timPrintFirst,
+                               &timManualCloseScenery,
+                               &timRestoreGameFirst,
+                               &timStopScrollGame,
+                               &timStartScrollDelayed,
+                               &timSendGameSetup,
+                               &timShellExDelayed,
+                               &timStartRYB,
+                               &timQS,
+                               &timSoundsOff,
+                               &timFadeOut};
 
 } // namespace
 
@@ -44,8 +71,9 @@ std::span<Timer* const> SessionTimers() {
 }
 
 void ResetMainControls() {
-    for (Label* label : {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting,
-                         &labNoSession, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
+    for (Label* label :
+         {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting, &labNoSession,
+          &labChannelMode, &labLoading, &labRestoreGame, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
     for (CaptionLabel* label :
          {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,
@@ -57,6 +85,7 @@ void ResetMainControls() {
         timer->Enabled = false;
     timLoadingProgress.Enabled = true;
     timReplay.Interval = ReplayInterval;
+    picGamePassive.Visible = picRestoreGame.Visible = false;
     picStartSmp.Frame = 1;
     picReplay.Frame = FrameReplayBlocked;
     picStop.Frame = FrameStopBlocked;

@@ -1,6 +1,8 @@
 #include "session/SessionTimers.h"
 
 #include "analysis/ColourSchemes.h"
+#include "feedback/PartnerTools.h"
+#include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
 #include "quickscan/QuickScan.h"
 #include "session/LanguageTable.h"
@@ -72,6 +74,8 @@ void InstallTimerHandlers() {
     timLoadingProgress.Handler = &LoadingTick;
     timQS.Handler = &QsTimerTick;
     InstallMusicTimers();
+    InstallSceneryTimers();
+    InstallToolTimers();
 }
 
 } // namespace pulselark

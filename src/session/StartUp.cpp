@@ -6,6 +6,8 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/Scenery.h"
+#include "feedback/SendAppData.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "persistence/LanguagePack.h"
@@ -67,6 +69,8 @@ void StartUpTick() {
     timShowModules.Interval = stagesWait ? ShowModulesInterval : 1;
     timShowModules.Enabled = true;
     StartingUp = Off;
+    if (TrainingActive != Off)
+        LaunchDelayed("WideFB.exe");
 }
 
 void ShowModulesTick() {
@@ -87,6 +91,7 @@ void InitApplication(bool readSettings) {
     ResetMainControls();
     ResetSettings();
     ResetModulePanels();
+    ResetAppLink();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;

@@ -36,6 +36,8 @@ WindowPlatform::WindowPlatform()
                 .Messages = *this,
                 .MessageLoop = *this,
                 .Progress = *this,
+                .PartnerTransport = partners_,
+                .ProgramLauncher = programs_,
                 .MidiOutput = midi_,
                 .MediaControl = music_,
                 .PagePrinter = printer_} {

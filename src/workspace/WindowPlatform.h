@@ -2,10 +2,12 @@
 
 #include "platform/Platform.h"
 #include "platform/audio/MixerMediaControl.h"
+#include "platform/link/SocketTransport.h"
 #include "platform/midi/SystemMidiOutput.h"
 #include "platform/qt/QtPagePrinter.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
+#include "platform/system/SystemLauncher.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -42,6 +44,8 @@ private:
 
     SystemClock clock_;
     SystemFiles files_;
+    SocketTransport partners_;
+    SystemLauncher programs_;
     SystemMidiOutput midi_;
     MixerMediaControl music_;
     QtPagePrinter printer_;

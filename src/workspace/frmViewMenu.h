@@ -25,6 +25,7 @@ public:
 private:
     void AddPanels();
     void AddLayout();
+    void AddTidalView();
     void AddColourSets();
     void AddHistoryStyles();
     void AddAveraging();

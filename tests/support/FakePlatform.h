@@ -246,6 +246,33 @@ public:
         sheet.Draw(Page);
         bytes = "%PDF " + title;
         return PdfFailure;
+};
+
+/// Keeps every message. `Found` says whether there is a partner to take it.
+class FakePartners final : public PartnerTransport {
+public:
+    struct Message {
+        std::string Title;
+        std::vector<unsigned char> Payload;
+    };
+    std::vector<Message> Sent;
+    bool Found = true;
+
+    bool Send(const std::string& title, std::span<const unsigned char> payload) override {
+        Sent.push_back({title, {payload.begin(), payload.end()}});
+        return Found;
+    }
+};
+
+/// Keeps every wish to start a program, and answers with `Result`.
+class FakePrograms final : public ProgramLauncher {
+public:
+    std::vector<LaunchRequest> Started;
+    int Result = LaunchedResult;
+
+    int Execute(const LaunchRequest& request) override {
+        Started.push_back(request);
+        return Result;
     }
 };
 
@@ -261,6 +288,8 @@ public:
     FakeMessages Boxes;
     FakeMessageLoop Loop;
     FakeProgress Bar;
+    FakePartners Partners;
+    FakePrograms Programs;
     FakeMidiOutput Midi;
     FakeMediaControl Player{Time};
     FakePagePrinter Printer;
@@ -272,6 +301,8 @@ private:
                        .Messages = Boxes,
                        .MessageLoop = Loop,
                        .Progress = Bar,
+                       .PartnerTransport = Partners,
+                       .ProgramLauncher = Programs,
                        .MidiOutput = Midi,
                        .MediaControl = Player,
                        .PagePrinter = Printer};

@@ -9,6 +9,7 @@
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/SendAppData.h"
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
@@ -53,6 +54,7 @@ void PutEverythingBack() {
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;
+    ResetAppLink();
     SetProgramFolder("");
     LanguageIndex = 0;
     LanguageTable.Clear();
