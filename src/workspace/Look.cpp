@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "platform/qt/QtFonts.h"
+#include "session/Settings.h"
 
 #include <array>
 
@@ -46,7 +47,7 @@ QFont TextFont(int pixels, int weight) {
 }
 
 const Density& DensityFor(int windowWidth, int windowHeight) {
-    return windowWidth < 1280 || windowHeight < 800 ? Compact : Regular;
+    return windowWidth < 1280 || windowHeight < 800 || AutoScaleAll == Off ? Compact : Regular;
 }
 
 } // namespace pulselark

@@ -38,6 +38,7 @@ inline constexpr QColor Hint(0x5A, 0x73, 0x73);
 inline constexpr QColor Edge(0x73, 0x8F, 0x8B);
 inline constexpr QColor Teal(0x1F, 0x6F, 0x6A);
 inline constexpr QColor Focus(0x0A, 0x4F, 0x9E);
+inline constexpr QColor Danger(0xB3, 0x26, 0x1E);
 } // namespace FormColour
 
 /// The program's font in a pixel size and a weight of 400, 500 or 700.
@@ -52,7 +53,8 @@ struct Density {
     int Body;      ///< text of the window
     int Gap;       ///< between modules, and around them
 };
-/// Compact below 1280 x 800, regular otherwise.
+/// Compact below 1280 x 800, and at any size while the layout is not scaled, since the built-in one puts its
+/// first panels right below the narrow bar; regular otherwise.
 const Density& DensityFor(int windowWidth, int windowHeight);
 
 } // namespace pulselark

@@ -6,7 +6,6 @@
 #include "platform/Platform.h"
 #include "platform/system/ProcessPriority.h"
 #include "session/MainBuffers.h"
-#include "workspace/Look.h"
 #include "workspace/Texts.h"
 #include "workspace/frmViewMenu.h"
 
@@ -90,7 +89,9 @@ void MainMenus::BuildToolsMenu() {
                 return;
             if (other != nullptr)
                 other->setChecked(true);
-            routines_.Run([] { ThePlatform().Messages.Show(LanguageText(TextPriorityRefused), ButtonOK); });
+            routines_.Run([] {
+                ThePlatform().Messages.Show(LanguageText(TextPriorityRefused), ButtonOK, WarningManner);
+            });
         });
     }
 }
@@ -104,14 +105,6 @@ void MainMenus::BuildHelpMenu() {
 void MainMenus::Mirror() {
     open_->setEnabled(!SessionBusy());
     save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
-}
-
-void MainMenus::ApplyLook() {
-    for (QMenu* menu : {file_, static_cast<QMenu*>(view_), tools_, help_}) {
-        menu->setAttribute(Qt::WA_TranslucentBackground);
-        menu->setFont(TextFont(13));
-        menu->setStyleSheet(MenuStyle());
-    }
 }
 
 void MainMenus::Retranslate() {

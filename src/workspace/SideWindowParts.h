@@ -46,6 +46,9 @@ void SetCaption(QPushButton* button, const QString& caption);
 /// Makes a button the main one of its window.
 void MakeMainButton(QPushButton* button);
 
+/// Marks a button that throws something away.
+void MakeDestructiveButton(QPushButton* button);
+
 /// The size that a window would like, no larger than nine tenths of its screen.
 QSize RoomFor(const QWidget& window, const QSize& wanted);
 

@@ -4,13 +4,18 @@
 
 #include <QWidget>
 
+#include <array>
+#include <functional>
+
 class QMenuBar;
 
 namespace pulselark {
 
+class QsEntry;
 class TransportButton;
 
-/// The top bar `picTopBarMain`: mark, menus, record, replay and stop, clock and progress, channel chips.
+/// The top bar `picTopBarMain`: mark, menus, record, replay and stop, clock and progress, quick scan and
+/// print, channel chips.
 class TopBar final : public QWidget {
     Q_OBJECT
 
@@ -21,6 +26,9 @@ public:
     TransportButton* RecordButton() const { return record_; }
     TransportButton* ReplayButton() const { return replay_; }
     TransportButton* StopButton() const { return stop_; }
+
+    /// Called with the index of the entry `labQSMenu` that was clicked: 0 quick scan, 1 print.
+    std::function<void(int)> QsClicked;
 
     /// Takes over the sizes for the window's size and the colours of the scheme.
     void ApplyLook();
@@ -41,6 +49,10 @@ private:
         bool operator==(const Chip&) const = default;
     };
     void LayOut();
+    /// Places what stands at the right, and leaves out what there is no room for.
+    void LayOutRight();
+    int ChipWidth(const Chip& chip) const;
+    void PaintDryTesting(QPainter& painter) const;
     void PaintClock(QPainter& painter) const;
     void PaintChips(QPainter& painter) const;
 
@@ -48,12 +60,16 @@ private:
     TransportButton* record_;
     TransportButton* replay_;
     TransportButton* stop_;
+    std::array<QsEntry*, 2> qsEntries_;
     int clockLeft_ = 0;
     int dividerLeft_ = 0;
+    int chipsLeft_ = 0; // also the end of the room for the entries
+    bool progressLine_ = true;
     QString clock_;
     QString length_;
     double progress_ = 0;
     QList<Chip> chips_;
+    QString dryTesting_;
 };
 
 } // namespace pulselark

@@ -65,11 +65,11 @@ std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& s
     return dialog.selectedFiles().constFirst().toStdString();
 }
 
-int WindowPlatform::Show(const std::string& text, int buttons) {
+int WindowPlatform::Show(const std::string& text, int buttons, const MessageManner& manner) {
     if (unattended_)
         return MostCarefulButton(buttons);
     CatchUp();
-    return ShowMessageWindow(owner_, QString::fromStdString(text), buttons);
+    return ShowMessageWindow(owner_, QString::fromStdString(text), buttons, manner);
 }
 
 void WindowPlatform::Yield() {

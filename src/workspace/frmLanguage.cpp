@@ -5,6 +5,7 @@
 #include "platform/ProgramFolder.h"
 #include "session/LanguageTable.h"
 #include "session/MainControls.h"
+#include "workspace/FocusRing.h"
 #include "workspace/LanguageItems.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
@@ -91,6 +92,7 @@ frmLanguage::frmLanguage(QWidget* owner, std::function<void()> languageChanged)
     ShowReference(reference_);
     ShowEdition(edition_);
     Retranslate();
+    FocusRing::Of(this).WatchSideWindow();
     resize(RoomFor(*this, QSize(1040, 780)));
     StepTo(0);
 }
