@@ -1,6 +1,7 @@
 #include "workspace/AnalysisPanels.h"
 
 #include "analysis/CoherencePanel.h"
+#include "analysis/ColourSchemes.h"
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
@@ -9,6 +10,7 @@
 #include "analysis/ScaleDrag.h"
 #include "analysis/SpectrumPanel.h"
 #include "session/Controls.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
@@ -19,6 +21,7 @@
 #include "workspace/SeekCursors.h"
 #include "workspace/Texts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pulselark {
@@ -74,6 +77,8 @@ PanelView* AnalysisPanels::AddPanel(int module, const char* name, bool withTwin)
 void AnalysisPanels::BuildEcg() {
     ecg_ = {AddPanel(EcgModule, "picIA", true), AddPanel(EcgModule, "picIB", true)};
     ecg_[0]->SetNotices({&labNoSession});
+    for (std::size_t i = 0; i < ecg_.size(); ++i)
+        ecg_[i]->SetCaptions({&ecgCaptions_[i]});
     desk_.Frame(EcgModule)->SetPanels(ecg_[0], ecg_[1]);
     picIA = &ecg_[0]->Surface();
     picIAP = &ecg_[0]->Twin();
@@ -212,7 +217,27 @@ void AnalysisPanels::ShowSeekCursor() {
         panel->setCursor(SeekCursor(seekRowShown_));
 }
 
+void AnalysisPanels::PlaceEcgCaptions() {
+    constexpr double Padding = 4;
+    constexpr std::array<int, 2> Texts{TextEcgA, TextEcgB};
+    for (std::size_t i = 0; i < ecg_.size(); ++i) {
+        Surface& panel = ecg_[i]->Surface();
+        CaptionLabel& caption = ecgCaptions_[i];
+        SetPanelFont(panel);
+        const double time = panel.TextWidth("00:00");
+        const double left = std::min(panel.TextWidth("+500mV") + 0.05 * time, panel.Width() - 0.95 * time);
+        panel.SetFont("Arial", 8, false);
+        caption.Caption = LanguageText(Texts[i]);
+        caption.Left = left - Padding;
+        caption.Width = panel.TextWidth(caption.Caption) + 2 * Padding;
+        caption.ForeColour = CurrentScheme().Text;
+        caption.Visible = true;
+        SetPanelFont(panel);
+    }
+}
+
 void AnalysisPanels::LayOut() {
+    PlaceEcgCaptions();
     const QWidget* module = desk_.Frame(HrvModule);
     SetPanelFont(*picHRVA);
     for (std::size_t i = 0; i < bars_.size(); ++i) {

@@ -25,7 +25,8 @@ namespace pulselark {
 namespace {
 
 constexpr int ProgressWidth = 224;
-constexpr int ClockWidth = 72; // without the line
+constexpr int LeastProgress = 112; // for clock and length above it
+constexpr int ClockWidth = 72;     // without the line
 constexpr int LeastWidthForProgress = 1024;
 constexpr int ChipTextLeft = 50;
 constexpr int NameLeft = 16 + 28 + 12;
@@ -146,8 +147,10 @@ void TopBar::LayOutRight() {
         return qsEntries_[0]->WidthWith(words) + qsEntries_[1]->WidthWith(words) + 4;
     };
     const int room = chipsLeft_ - clockLeft_ - 16;
-    progressLine_ = width() >= LeastWidthForProgress && ProgressWidth + entries(false) <= room;
-    const bool words = (progressLine_ ? ProgressWidth : ClockWidth) + entries(true) <= room;
+    progressWidth_ = std::min(ProgressWidth, room - entries(ProgressWidth + entries(true) <= room));
+    if (width() < LeastWidthForProgress || progressWidth_ < LeastProgress)
+        progressWidth_ = 0;
+    const bool words = std::max(progressWidth_, ClockWidth) + entries(true) <= room;
     int x = chipsLeft_ - entries(words);
     for (QsEntry* entry : qsEntries_) {
         entry->Place(x, height(), words);
@@ -203,19 +206,19 @@ void TopBar::Mirror() {
 
 void TopBar::PaintClock(QPainter& painter) const {
     const SchemeLook& look = CurrentLook();
-    const double top = height() / 2.0 - (progressLine_ ? 14 : 9);
+    const double top = height() / 2.0 - (progressWidth_ > 0 ? 14 : 9);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(16, 500));
     painter.drawText(QRectF(clockLeft_, top, ClockWidth, 18), Qt::AlignLeft | Qt::AlignVCenter, clock_);
-    if (!progressLine_)
+    if (progressWidth_ == 0)
         return;
     painter.setFont(TextFont(12));
     painter.setOpacity(0.8);
-    painter.drawText(QRectF(clockLeft_, top, ProgressWidth, 18), Qt::AlignRight | Qt::AlignVCenter, length_);
+    painter.drawText(QRectF(clockLeft_, top, progressWidth_, 18), Qt::AlignRight | Qt::AlignVCenter, length_);
     painter.setOpacity(1);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(255, 255, 255, 56));
-    const QRectF line(clockLeft_, top + 23, ProgressWidth, 4);
+    const QRectF line(clockLeft_, top + 23, progressWidth_, 4);
     painter.drawRoundedRect(line, 2, 2);
     if (progress_ > 0) {
         painter.setBrush(look.Running);
@@ -257,7 +260,7 @@ void TopBar::PaintChips(QPainter& painter) const {
 
 // Its colours are pure ones, which no bar carries: it stands on black.
 void TopBar::PaintDryTesting(QPainter& painter) const {
-    const double left = clockLeft_ + (progressLine_ ? ProgressWidth : ClockWidth) + 16;
+    const double left = clockLeft_ + std::max(progressWidth_, ClockWidth) + 16;
     painter.setFont(TextFont(12, 500));
     const int wide = painter.fontMetrics().horizontalAdvance(dryTesting_);
     const QRectF plate(left, height() / 2.0 - 12, wide + 16, 24);

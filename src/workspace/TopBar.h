@@ -63,8 +63,8 @@ private:
     std::array<QsEntry*, 2> qsEntries_;
     int clockLeft_ = 0;
     int dividerLeft_ = 0;
-    int chipsLeft_ = 0; // also the end of the room for the entries
-    bool progressLine_ = true;
+    int chipsLeft_ = 0;     // also the end of the room for the entries
+    int progressWidth_ = 0; // of the line below the clock; 0 without one
     QString clock_;
     QString length_;
     double progress_ = 0;

@@ -160,6 +160,12 @@ void frmMain::OpenWaitingFile() {
 }
 
 void frmMain::ConnectTransport() {
+    topBar_->QsClicked = [this](int entry) {
+        Do([this, entry] {
+            if (QsButton)
+                QsButton(entry);
+        });
+    };
     const auto connectHover = [this](TransportButton* button, PictureButton& picture) {
         connect(button, &TransportButton::Hovered, this,
                 [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
