@@ -21,8 +21,6 @@ void StartToolkit() {
     QApplication::setStyle(new ProgramStyle);
     QApplication::setFont(TextFont(13));
     QToolTip::setFont(TextFont(12));
-    qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; border-radius: 4px; "
-                        "padding: 4px 8px; }");
 }
 
 void StartCore(bool readSettings) {

@@ -15,6 +15,7 @@
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
 #include "session/Seek.h"
+#include "workspace/Look.h"
 #include "workspace/ModuleDesk.h"
 #include "workspace/ModuleFrame.h"
 #include "workspace/PanelView.h"
@@ -53,7 +54,7 @@ void AnalysisPanels::Retranslate() {
         panels[0]->setAccessibleName(a);
         panels[1]->setAccessibleName(b);
         for (PanelView* panel : panels)
-            panel->setToolTip(Text(tip));
+            panel->setToolTip(TipLines(Text(tip)));
     };
     name(ecg_, Text(TextEcgA), Text(TextEcgB), TextSeekTip);
     name(spectrum_, Text(TextSpectrumA), Text(TextSpectrumB), TextScaleTip);
@@ -230,6 +231,7 @@ void AnalysisPanels::PlaceEcgCaptions() {
         caption.Caption = LanguageText(Texts[i]);
         caption.Left = left - Padding;
         caption.Width = panel.TextWidth(caption.Caption) + 2 * Padding;
+        caption.Height = panel.TextHeight(caption.Caption); // exactly over the printed one
         caption.ForeColour = CurrentScheme().Text;
         caption.Visible = true;
         SetPanelFont(panel);

@@ -4,6 +4,9 @@
 #include "platform/qt/QtFonts.h"
 #include "session/Settings.h"
 
+#include <QStringList>
+#include <QTextLayout>
+
 #include <array>
 
 namespace pulselark {
@@ -44,6 +47,19 @@ QFont TextFont(int pixels, int weight) {
     font.setPixelSize(pixels);
     font.setWeight(static_cast<QFont::Weight>(weight));
     return font;
+}
+
+QString TipLines(const QString& text) {
+    constexpr int Width = 360;
+    QTextLayout layout(text, TextFont(12));
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(Width);
+        lines.append(text.mid(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+    return lines.join('\n');
 }
 
 const Density& DensityFor(int windowWidth, int windowHeight) {

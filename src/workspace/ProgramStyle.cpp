@@ -18,7 +18,10 @@ namespace pulselark {
 namespace {
 
 constexpr int ToolTipDelay = 600; // ms
-constexpr int RingRoom = 4;       // around the words of the menu bar
+constexpr int TipRadius = 4;
+constexpr QColor TipPlate(0x2B, 0x2E, 0x33);
+constexpr QColor TipText(0xF1, 0xF1, 0xEE);
+constexpr int RingRoom = 4; // around the words of the menu bar
 constexpr int MenuPadding = 4;
 constexpr int MenuRadius = 8;
 constexpr int RowHeight = 32;
@@ -100,8 +103,10 @@ void PaintMenuWord(const QStyleOptionMenuItem& item, QPainter& painter, const QW
     painter.setPen(look.BarText);
     painter.setFont(item.font);
     painter.drawText(item.rect, Qt::AlignCenter | Qt::TextHideMnemonic | Qt::TextSingleLine, item.text);
-    if (chosen && bar != nullptr && bar->hasFocus()) // by Alt, not by the mouse
+    if (chosen && bar != nullptr && bar->hasFocus()) { // by Alt, not by the mouse
+        painter.setClipping(false);
         PaintFocusRing(painter, item.rect, 6, Ground::Bar);
+    }
     painter.restore();
 }
 
@@ -131,6 +136,14 @@ void ProgramStyle::polish(QWidget* widget) {
         menu->setAttribute(Qt::WA_TranslucentBackground); // for the round corners
         menu->setFont(TextFont(13));
     }
+    if (widget->inherits("QTipLabel")) {
+        widget->setAttribute(Qt::WA_TranslucentBackground);
+        widget->setContentsMargins(3, 0, 3, 0); // beside the frame and the toolkit's own pixel
+        QPalette palette = widget->palette();
+        for (const auto role : {QPalette::ToolTipText, QPalette::WindowText, QPalette::Text})
+            palette.setColor(role, TipText);
+        widget->setPalette(palette);
+    }
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -143,6 +156,8 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return MenuPadding;
+    case PM_ToolTipLabelFrameWidth:
+        return 3; // and a pixel of the toolkit's own
     case PM_MenuBarHMargin:
     case PM_MenuBarVMargin:
         return RingRoom;
@@ -157,7 +172,7 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
         return ToolTipDelay;
     if ((hint == SH_Menu_Mask || hint == SH_ToolTip_Mask) && option != nullptr) {
         if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(answer)) {
-            mask->region = RoundedRegion(option->rect, hint == SH_Menu_Mask ? MenuRadius : 4);
+            mask->region = RoundedRegion(option->rect, hint == SH_Menu_Mask ? MenuRadius : TipRadius);
             return 1;
         }
     }
@@ -187,6 +202,15 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  const QWidget* widget) const {
     if (element == PE_PanelMenu) {
         PaintMenuPanel(*painter, option->rect);
+        return;
+    }
+    if (element == PE_PanelTipLabel) {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(TipPlate);
+        painter->drawRoundedRect(option->rect, TipRadius, TipRadius);
+        painter->restore();
         return;
     }
     if (element == PE_FrameMenu || element == PE_PanelMenuBar)

@@ -140,7 +140,7 @@ PanelSizer::PanelSizer(Edge edge, int index, QWidget* parent) : QWidget(parent),
     const Qt::CursorShape cursors[] = {Qt::SizeHorCursor, Qt::SizeVerCursor, Qt::SizeFDiagCursor};
     setObjectName(QString("%1%2").arg(names[static_cast<int>(edge)]).arg(index));
     setAccessibleName(Text(TextSizePanel));
-    setToolTip(Text(TextSizePanel));
+    setToolTip(Text(TextSizePanel) + QString::fromUtf8(" (F6, Shift + ← ↑ → ↓)"));
     setCursor(cursors[static_cast<int>(edge)]);
 }
 

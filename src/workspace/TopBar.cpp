@@ -85,6 +85,9 @@ TopBar::TopBar(QWidget* parent)
     menus_->setAccessibleName(ProgramTitle);
     menus_->setNativeMenuBar(false);
     menus_->setFont(TextFont(13));
+    menus_->installEventFilter(this);
+    // The ring reaches beyond the word that the toolkit paints anew.
+    connect(menus_, &QMenuBar::hovered, menus_, [this] { menus_->update(); });
     for (int i = 0; i < static_cast<int>(qsEntries_.size()); ++i) {
         connect(qsEntries_[static_cast<std::size_t>(i)], &QAbstractButton::clicked, this, [this, i] {
             if (QsClicked)
@@ -96,16 +99,22 @@ TopBar::TopBar(QWidget* parent)
 
 void TopBar::Retranslate() {
     record_->setAccessibleName(Text(TextRecordButton));
-    record_->setToolTip(Text(TextRecordButtonOffTip));
+    record_->setToolTip(TipLines(Text(TextRecordButtonOffTip)));
     replay_->setAccessibleName(Text(TextReplayButton));
-    replay_->setToolTip(Text(TextReplayButtonTip));
+    replay_->setToolTip(TipLines(Text(TextReplayButtonTip)));
     stop_->setAccessibleName(Text(TextStopButton));
-    stop_->setToolTip(Text(TextStopButtonTip));
+    stop_->setToolTip(TipLines(Text(TextStopButtonTip)));
 }
 
 void TopBar::ApplyLook() {
     LayOut();
     update();
+}
+
+bool TopBar::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == menus_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        menus_->update();
+    return QWidget::eventFilter(watched, event);
 }
 
 void TopBar::resizeEvent(QResizeEvent* /*event*/) {
