@@ -18,7 +18,9 @@ namespace pulselark {
 
 void StartToolkit() {
     QApplication::setApplicationName("PulseLark");
-    QApplication::setStyle(new ProgramStyle);
+    auto* style = new ProgramStyle; // the application keeps it
+    QApplication::setStyle(style);
+    QApplication::setPalette(style->standardPalette());
     QApplication::setFont(TextFont(13));
     QToolTip::setFont(TextFont(12));
 }

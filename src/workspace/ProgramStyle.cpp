@@ -146,6 +146,17 @@ void ProgramStyle::polish(QWidget* widget) {
     }
 }
 
+QPalette ProgramStyle::standardPalette() const {
+    QPalette palette(FormColour::Ink, FormColour::Card, FormColour::Card, FormColour::Rule, FormColour::Edge,
+                     FormColour::Ink, FormColour::Card, FormColour::Card, FormColour::Paper);
+    palette.setColor(QPalette::Highlight, FormColour::Teal);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, FormColour::Hint);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, FormColour::Edge);
+    return palette;
+}
+
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
     case PM_MenuPanelWidth:
@@ -170,6 +181,8 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
                             QStyleHintReturn* answer) const {
     if (hint == SH_ToolTip_WakeUpDelay)
         return ToolTipDelay;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
     if ((hint == SH_Menu_Mask || hint == SH_ToolTip_Mask) && option != nullptr) {
         if (auto* mask = qstyleoption_cast<QStyleHintReturnMask*>(answer)) {
             mask->region = RoundedRegion(option->rect, hint == SH_Menu_Mask ? MenuRadius : TipRadius);

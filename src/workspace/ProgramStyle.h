@@ -5,7 +5,8 @@
 namespace pulselark {
 
 /// The toolkit's style as the program shows it: menus and their bar in the colours of the bars, with our own
-/// tick and arrow, chevrons in fields, and tool tips that wait.
+/// tick and arrow, tool tips that wait, and what it draws by itself, as the file dialogs, in the colours of
+/// the forms.
 class ProgramStyle final : public QProxyStyle {
     Q_OBJECT
 
@@ -14,6 +15,7 @@ public:
 
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
+    QPalette standardPalette() const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* answer) const override;

@@ -1,14 +1,31 @@
 #include "workspace/SideWindowParts.h"
 
+#include "workspace/Icons.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 
+#include <QComboBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 
 namespace pulselark {
 
 namespace {
+
+/// The toolkit's style sheets know no arrow that is not a file.
+class ChevronList final : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QComboBox::paintEvent(event);
+        QPainter painter(this);
+        PaintIcon(painter, Icon::ArrowDown, QRectF(width() - 26, height() / 2.0 - 8, 16, 16),
+                  FormColour::Ink);
+    }
+};
 
 const char* EnglishOf(SideText text) {
     switch (text) {
@@ -60,13 +77,13 @@ QString TextOr(int item, const char* english) {
 QString SideWindowStyle() {
     return QString("QDialog { background: %1; } QLabel { color: %2; } QLabel[hint=\"true\"] { color: %7; }"
                    "QPushButton { background: %3; color: %2; border: 1px solid %4; border-radius: 6px;"
-                   " min-height: 34px; min-width: 56px; padding: 0 16px; }"
+                   " min-height: 34px; min-width: 56px; padding: 0 16px; outline: none; }"
                    "QPushButton:hover { background: #EEF4F1; } QPushButton:pressed { background: #DDE8E4; }"
                    "QPushButton[main=\"true\"] { background: %5; color: white; border-color: %5; }"
                    "QPushButton[destructive=\"true\"] { color: %6; border-color: %6; }"
                    "QPushButton:disabled { color: #A5B0B0; border-color: #C7D2D0; background: %3; }"
                    "QLineEdit, QComboBox { background: %3; color: %2; border: 1px solid %4;"
-                   " border-radius: 6px; min-height: 30px; padding: 0 10px;"
+                   " border-radius: 6px; min-height: 30px; padding: 0 10px; outline: none;"
                    " selection-background-color: %5; selection-color: white; }"
                    "QLineEdit:read-only { color: %7; background: %1; }"
                    "QComboBox::drop-down { border: none; width: 28px; }"
@@ -92,6 +109,12 @@ QPushButton* NewSideButton(const char* name, QWidget* parent) {
     button->setFont(TextFont(13, 500));
     button->setAutoDefault(false);
     return button;
+}
+
+QComboBox* NewSideList(const char* name, QWidget* parent) {
+    auto* list = new ChevronList(parent);
+    list->setObjectName(name);
+    return list;
 }
 
 void SetCaption(QPushButton* button, const QString& caption) {

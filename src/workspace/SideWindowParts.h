@@ -3,6 +3,7 @@
 #include <QSize>
 #include <QString>
 
+class QComboBox;
 class QPushButton;
 class QWidget;
 
@@ -39,6 +40,9 @@ QString SideWindowStyle();
 
 /// A push button that Enter does not press by itself.
 QPushButton* NewSideButton(const char* name, QWidget* parent);
+
+/// A field that drops a list down.
+QComboBox* NewSideList(const char* name, QWidget* parent);
 
 /// Sets what a control shows, which is also its name for screen readers.
 void SetCaption(QPushButton* button, const QString& caption);

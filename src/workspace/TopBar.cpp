@@ -13,9 +13,10 @@
 #include "workspace/TransportButton.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -111,6 +112,28 @@ void TopBar::ApplyLook() {
     update();
 }
 
+QString TopBar::ChipTipAt(int x) const {
+    int right = width() - 16;
+    for (auto chip = chips_.crbegin(); chip != chips_.crend(); ++chip) {
+        const int left = right - ChipWidth(*chip);
+        const int word = chip->Light == Icon::LightGood   ? TextSignalGood
+                         : chip->Light == Icon::LightWeak ? TextSignalWeak
+                                                          : TextSignalLost;
+        if (x >= left && x < right)
+            return Text(TextChannelLight).arg(chip->Name) + ": " + Text(word);
+        right = left - 8;
+    }
+    return {};
+}
+
+bool TopBar::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), ChipTipAt(help->pos().x()), this);
+    return true;
+}
+
 bool TopBar::eventFilter(QObject* watched, QEvent* event) {
     if (watched == menus_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
         menus_->update();
@@ -124,15 +147,29 @@ void TopBar::resizeEvent(QResizeEvent* /*event*/) {
 void TopBar::LayOut() {
     const QWidget* window = parentWidget();
     const Density& density = DensityFor(window->width(), window->height());
-    const int middle = height() / 2;
     const int plate = std::min(PlateHeight, height() - 2 * MenuRim);
     if (menus_->property(PlateHeightProperty).toInt() != plate) {
         menus_->setProperty(PlateHeightProperty, plate);
         QEvent changed(QEvent::StyleChange); // the bar measures its words anew
         QCoreApplication::sendEvent(menus_, &changed);
     }
-    const QFontMetrics name(TextFont(15, 500));
-    int x = NameLeft + name.horizontalAdvance(ProgramTitle) + 16 - MenuRim;
+    for (const bool tight : {false, true}) {
+        tight_ = tight;
+        LayOutLeft(density);
+        LayOutRight();
+        if (ClockFits())
+            break;
+    }
+}
+
+bool TopBar::ClockFits() const {
+    return clockLeft_ + ClockWidth <= qsEntries_[0]->x();
+}
+
+void TopBar::LayOutLeft(const Density& density) {
+    const int middle = height() / 2;
+    const int name = tight_ ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
+    int x = NameLeft + name - MenuRim;
     const QSize menuSize = menus_->sizeHint();
     menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
     dividerLeft_ = x + menuSize.width() - MenuRim + 16;
@@ -143,7 +180,6 @@ void TopBar::LayOut() {
         x += button->width() + 8;
     }
     clockLeft_ = x + 8;
-    LayOutRight();
 }
 
 // The clock's progress line goes first, then the words of the entries, of which the icons stay.
@@ -207,7 +243,7 @@ void TopBar::Mirror() {
     length_ = length;
     chips_ = chips;
     dryTesting_ = dryTesting;
-    LayOutRight();
+    LayOut();
     progress_ = SessionSeconds > 0 ? static_cast<double>(second) / SessionSeconds : 0;
     setAccessibleDescription(Text(TextClockName) + " " + clock_ + " " + length_);
     update();
@@ -236,11 +272,16 @@ void TopBar::PaintClock(QPainter& painter) const {
     }
 }
 
+QString TopBar::ValueOf(const Chip& chip) const {
+    return tight_ && chip.Light != Icon::LightLost ? chip.Value.section(' ', 0, 0) : chip.Value;
+}
+
 // As wide as its words, but not narrower for two digits than for three, so that it stands still.
 int TopBar::ChipWidth(const Chip& chip) const {
     const QFontMetrics metrics(TextFont(12));
+    const QString widest = tight_ ? QString("000") : "000 " + Text(TextBpm);
     return ChipTextLeft + 14 +
-           std::max(metrics.horizontalAdvance(chip.Value), metrics.horizontalAdvance("000 " + Text(TextBpm)));
+           std::max(metrics.horizontalAdvance(ValueOf(chip)), metrics.horizontalAdvance(widest));
 }
 
 void TopBar::PaintChips(QPainter& painter) const {
@@ -261,7 +302,7 @@ void TopBar::PaintChips(QPainter& painter) const {
         painter.drawText(plate.adjusted(13, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Name);
         painter.setFont(TextFont(12));
         painter.drawText(plate.adjusted(ChipTextLeft, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                         chip->Value);
+                         ValueOf(*chip));
     }
     if (!chips_.isEmpty())
         PaintDivider(painter, right - DividerRoom / 2.0 + 8, height());
@@ -295,9 +336,11 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
     PaintIcon(painter, Icon::Mark, mark.adjusted(4, 4, -4, -4), Qt::white);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(15, 500));
-    painter.drawText(QRectF(NameLeft, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
+    if (!tight_)
+        painter.drawText(QRectF(NameLeft, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
     PaintDivider(painter, dividerLeft_, height());
-    PaintClock(painter);
+    if (ClockFits())
+        PaintClock(painter);
     PaintDryTesting(painter);
     PaintChips(painter);
 }

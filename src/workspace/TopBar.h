@@ -13,6 +13,7 @@ namespace pulselark {
 
 class QsEntry;
 class TransportButton;
+struct Density;
 
 /// The top bar `picTopBarMain`: mark, menus, record, replay and stop, clock and progress, quick scan and
 /// print, channel chips.
@@ -38,6 +39,7 @@ public:
     void Mirror();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -50,9 +52,15 @@ private:
         bool operator==(const Chip&) const = default;
     };
     void LayOut();
+    void LayOutLeft(const Density& density);
+    bool ClockFits() const;
+    /// What a chip says; where the bar is tight, without the unit.
+    QString ValueOf(const Chip& chip) const;
     /// Places what stands at the right, and leaves out what there is no room for.
     void LayOutRight();
     int ChipWidth(const Chip& chip) const;
+    /// What the light of the chip at that place says; empty beside the chips.
+    QString ChipTipAt(int x) const;
     void PaintDryTesting(QPainter& painter) const;
     void PaintClock(QPainter& painter) const;
     void PaintChips(QPainter& painter) const;
@@ -62,6 +70,7 @@ private:
     TransportButton* replay_;
     TransportButton* stop_;
     std::array<QsEntry*, 2> qsEntries_;
+    bool tight_ = false; // no room for the program's name and the units
     int clockLeft_ = 0;
     int dividerLeft_ = 0;
     int chipsLeft_ = 0;     // also the end of the room for the entries

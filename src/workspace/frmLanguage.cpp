@@ -115,10 +115,8 @@ void frmLanguage::Build() {
     hint_->setMinimumHeight(16);
     for (QLabel* note : {packNote_, characterNote_, hint_})
         note->setWordWrap(true);
-    referenceLanguages_ = new QComboBox(this);
-    referenceLanguages_->setObjectName("listRefLang");
-    editionLanguages_ = new QComboBox(this);
-    editionLanguages_->setObjectName("listEdLang");
+    referenceLanguages_ = NewSideList("listRefLang", this);
+    editionLanguages_ = NewSideList("listEdLang", this);
     for (QComboBox* list : {referenceLanguages_, editionLanguages_}) {
         FillLanguages(list);
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

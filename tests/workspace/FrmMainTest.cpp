@@ -242,7 +242,6 @@ TEST_F(FrmMain, AFileThatCannotBeOpenedIsNamed) {
     const std::string broken = ProgramFolder() + "/Sessions/broken.hti";
     std::ofstream(broken) << "no session\n";
     const std::string gone = ProgramFolder() + "/Sessions/gone.hti";
-    Answer("comOK");
     Meet([](QWidget* window) {
         EXPECT_EQ(window->accessibleName().toStdString(), LanguageText(TextSignWarning));
         EXPECT_TRUE(window->accessibleDescription().contains("gone.hti"));
