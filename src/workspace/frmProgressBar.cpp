@@ -17,6 +17,7 @@ namespace {
 
 constexpr int Padding = 24;
 constexpr int BarHeight = 6;
+constexpr double BarRadius = 3;
 
 /// The bar, with round ends.
 class RoundBar final : public QProgressBar {
@@ -29,13 +30,13 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(TrackColour);
-        painter.drawRoundedRect(rect(), BarHeight / 2, BarHeight / 2);
+        painter.drawRoundedRect(rect(), BarRadius, BarRadius);
         if (value() <= minimum())
             return;
         const double done = static_cast<double>(value() - minimum()) / (maximum() - minimum());
         painter.setBrush(FormColour::Teal);
         painter.drawRoundedRect(QRectF(0, 0, std::max<double>(BarHeight, width() * done), height()),
-                                BarHeight / 2, BarHeight / 2);
+                                BarRadius, BarRadius);
     }
 };
 
