@@ -24,7 +24,7 @@ QImage CornerOf(const ShadowKind& kind) {
     const int reach = ReachOf(kind);
     const double deviation = kind.Blur / 2.0;
     std::vector<double> rise;
-    rise.reserve(static_cast<std::size_t>(2 * reach));
+    rise.reserve(2 * static_cast<std::size_t>(reach));
     for (int i = 0; i < 2 * reach; ++i)
         rise.push_back(std::erfc((reach - i - 0.5) / (deviation * std::sqrt(2.0))) / 2);
     QImage corner(2 * reach, 2 * reach, QImage::Format_ARGB32_Premultiplied);
