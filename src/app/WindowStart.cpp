@@ -6,11 +6,11 @@
 #include "platform/system/FindProgramFolder.h"
 #include "session/StartUp.h"
 #include "workspace/Look.h"
+#include "workspace/ProgramStyle.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QPixmap>
-#include <QStyleFactory>
 #include <QToolTip>
 #include <QWidget>
 
@@ -18,11 +18,11 @@ namespace pulselark {
 
 void StartToolkit() {
     QApplication::setApplicationName("PulseLark");
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    auto* style = new ProgramStyle; // the application keeps it
+    QApplication::setStyle(style);
+    QApplication::setPalette(style->standardPalette());
     QApplication::setFont(TextFont(13));
     QToolTip::setFont(TextFont(12));
-    qApp->setStyleSheet("QToolTip { background: #2B2E33; color: #F1F1EE; border: none; border-radius: 4px; "
-                        "padding: 4px 8px; }");
 }
 
 void StartCore(bool readSettings) {

@@ -54,7 +54,7 @@ FileOutcome ReadFile(const std::string& name, FileOutcome (*read)(std::string_vi
 
 void FallBack(const FileOutcome& outcome, const std::string& name) {
     if (IsMissing(outcome.Number)) {
-        ThePlatform().Messages.Show(LanguageText(TextConfigNotFound), ButtonOK);
+        ThePlatform().Messages.Show(LanguageText(TextConfigNotFound), ButtonOK, WarningManner);
         ShowStatus(LanguageText(TextFileFailure));
     } else {
         ShowFileFailure(LanguageText(TextConfigLoadFailed), outcome, name, LanguageText(TextOpenFailedSafe));
@@ -87,7 +87,7 @@ void BringSceneryBack() {
 }
 
 void TellPreviewFailure() {
-    ThePlatform().Messages.Show(LanguageText(TextConfigPreviewFailed), ButtonOK);
+    ThePlatform().Messages.Show(LanguageText(TextConfigPreviewFailed), ButtonOK, WarningManner);
     ShowStatus(LanguageText(TextFileFailure));
 }
 

@@ -17,8 +17,8 @@ constexpr Long SecondsWorthAQuestion = 16;
 bool MayDropSession(int questionText) {
     if (SessionUnsaved == Off || SessionSeconds <= SecondsWorthAQuestion)
         return true;
-    const int answer =
-        ThePlatform().Messages.Show(LanguageText(questionText), ButtonYes | ButtonNo | ButtonCancel);
+    const int answer = ThePlatform().Messages.Show(
+        LanguageText(questionText), ButtonYes | ButtonNo | ButtonCancel, {MessageKind::Question, ButtonNo});
     if (answer == ButtonYes) {
         SaveSession();
         return LastFileResult == FileSuccess;

@@ -49,7 +49,7 @@ void ShowFileFailure(const std::string& lead, const FileOutcome& outcome, const 
     if (outcome.Line > 0)
         text += ", " + LanguageText(TextLine) + " " + std::to_string(outcome.Line);
     text += "\n\n" + safe;
-    ThePlatform().Messages.Show(text, ButtonOK);
+    ThePlatform().Messages.Show(text, ButtonOK, WarningManner);
     ShowStatus(LanguageText(TextFileFailure));
 }
 

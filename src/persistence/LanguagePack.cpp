@@ -72,7 +72,7 @@ void LoadLanguagePack() {
     std::string bytes;
     const Integer failure = ThePlatform().Files.ReadWhole(PackName(), bytes);
     if (failure != 0 || ReadLanguageText(bytes).Number != 0)
-        ThePlatform().Messages.Show("Error while reading language file", ButtonOK);
+        ThePlatform().Messages.Show("Error while reading language file", ButtonOK, WarningManner);
 }
 
 Integer SaveLanguagePack() {

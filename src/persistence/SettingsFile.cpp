@@ -25,7 +25,7 @@ bool ToldBefore(const SettingsFile& file) {
 
 void TellMissing(const SettingsFile& file) {
     if (!ToldBefore(file))
-        ThePlatform().Messages.Show(LanguageText(TextAppSettingsNotFound), ButtonOK);
+        ThePlatform().Messages.Show(LanguageText(TextAppSettingsNotFound), ButtonOK, WarningManner);
     ShowStatus(LanguageText(TextFileFailure));
 }
 

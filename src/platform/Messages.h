@@ -16,13 +16,31 @@ inline int MostCarefulButton(int buttons) {
     return buttons;
 }
 
+/// What a message is about; it decides the message's sign.
+enum class MessageKind { Information, Question, Warning };
+
+/// How a message is shown.
+struct MessageManner {
+    MessageKind Kind = MessageKind::Information;
+    int Destructive = 0; ///< the button that throws something away; 0 for none
+};
+
+/// A message with a yes is a question, any other an information.
+inline MessageManner UsualManner(int buttons) {
+    return {(buttons & ButtonYes) != 0 ? MessageKind::Question : MessageKind::Information};
+}
+
+/// The manner of a failure that the user is told of.
+inline constexpr MessageManner WarningManner{MessageKind::Warning};
+
 /// Shows a text to the user and waits for a button.
 class Messages {
 public:
     virtual ~Messages() = default;
     /// Returns the code of the pressed button; closing the message is cancel if there is one, else no, else
     /// OK.
-    virtual int Show(const std::string& text, int buttons) = 0;
+    virtual int Show(const std::string& text, int buttons, const MessageManner& manner) = 0;
+    int Show(const std::string& text, int buttons) { return Show(text, buttons, UsualManner(buttons)); }
 };
 
 } // namespace pulselark

@@ -1,6 +1,7 @@
 #include "workspace/AnalysisPanels.h"
 
 #include "analysis/CoherencePanel.h"
+#include "analysis/ColourSchemes.h"
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
@@ -9,16 +10,19 @@
 #include "analysis/ScaleDrag.h"
 #include "analysis/SpectrumPanel.h"
 #include "session/Controls.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/PanelSurfaces.h"
 #include "session/Seek.h"
+#include "workspace/Look.h"
 #include "workspace/ModuleDesk.h"
 #include "workspace/ModuleFrame.h"
 #include "workspace/PanelView.h"
 #include "workspace/SeekCursors.h"
 #include "workspace/Texts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pulselark {
@@ -50,7 +54,7 @@ void AnalysisPanels::Retranslate() {
         panels[0]->setAccessibleName(a);
         panels[1]->setAccessibleName(b);
         for (PanelView* panel : panels)
-            panel->setToolTip(Text(tip));
+            panel->setToolTip(TipLines(Text(tip)));
     };
     name(ecg_, Text(TextEcgA), Text(TextEcgB), TextSeekTip);
     name(spectrum_, Text(TextSpectrumA), Text(TextSpectrumB), TextScaleTip);
@@ -74,6 +78,8 @@ PanelView* AnalysisPanels::AddPanel(int module, const char* name, bool withTwin)
 void AnalysisPanels::BuildEcg() {
     ecg_ = {AddPanel(EcgModule, "picIA", true), AddPanel(EcgModule, "picIB", true)};
     ecg_[0]->SetNotices({&labNoSession});
+    for (std::size_t i = 0; i < ecg_.size(); ++i)
+        ecg_[i]->SetCaptions({&ecgCaptions_[i]});
     desk_.Frame(EcgModule)->SetPanels(ecg_[0], ecg_[1]);
     picIA = &ecg_[0]->Surface();
     picIAP = &ecg_[0]->Twin();
@@ -212,7 +218,28 @@ void AnalysisPanels::ShowSeekCursor() {
         panel->setCursor(SeekCursor(seekRowShown_));
 }
 
+void AnalysisPanels::PlaceEcgCaptions() {
+    constexpr double Padding = 4;
+    constexpr std::array<int, 2> Texts{TextEcgA, TextEcgB};
+    for (std::size_t i = 0; i < ecg_.size(); ++i) {
+        Surface& panel = ecg_[i]->Surface();
+        CaptionLabel& caption = ecgCaptions_[i];
+        SetPanelFont(panel);
+        const double time = panel.TextWidth("00:00");
+        const double left = std::min(panel.TextWidth("+500mV") + 0.05 * time, panel.Width() - 0.95 * time);
+        panel.SetFont("Arial", 8, false);
+        caption.Caption = LanguageText(Texts[i]);
+        caption.Left = left - Padding;
+        caption.Width = panel.TextWidth(caption.Caption) + 2 * Padding;
+        caption.Height = panel.TextHeight(caption.Caption); // exactly over the printed one
+        caption.ForeColour = CurrentScheme().Text;
+        caption.Visible = true;
+        SetPanelFont(panel);
+    }
+}
+
 void AnalysisPanels::LayOut() {
+    PlaceEcgCaptions();
     const QWidget* module = desk_.Frame(HrvModule);
     SetPanelFont(*picHRVA);
     for (std::size_t i = 0; i < bars_.size(); ++i) {

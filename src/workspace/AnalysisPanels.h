@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Controls.h"
+
 #include <QObject>
 
 #include <array>
@@ -39,6 +41,8 @@ private:
     void BuildCoherence();
     void BuildHistory();
     void BuildHrv();
+    /// The caption that the drawing has printed, once more on a plate over the trace.
+    void PlaceEcgCaptions();
     void ConnectSeek(PanelView* panel);
     void ConnectScale(int module, PanelView* panel, std::function<void(int button, double x, double y)> drag);
     void ShowSeekCursor();
@@ -48,6 +52,7 @@ private:
     std::function<void(const std::function<void()>&)> run_;
     std::vector<PanelView*> panels_;
     std::array<PanelView*, 2> ecg_{};
+    std::array<CaptionLabel, 2> ecgCaptions_;
     std::array<PanelView*, 2> spectrum_{};
     std::array<PanelView*, 2> coherence_{};
     std::array<PanelView*, 2> history_{};

@@ -26,16 +26,15 @@ constexpr int ActionPadding = 16;
 constexpr int SignSize = 16;
 
 void PaintSign(QPainter& painter, ActionButton::Sign sign, const QRectF& square) {
-    if (sign == ActionButton::Sign::Close) {
-        PaintIcon(painter, Icon::Close, square, FormColour::Ink);
+    if (sign == ActionButton::Sign::Close || sign == ActionButton::Sign::Chevron) {
+        const Icon icon = sign == ActionButton::Sign::Close ? Icon::Close : Icon::ArrowDown;
+        PaintIcon(painter, icon, square, FormColour::Ink);
         return;
     }
     painter.save();
     painter.translate(square.topLeft());
     painter.setPen(RoundPen(FormColour::Ink, 1.5));
     painter.setBrush(Qt::NoBrush);
-    if (sign == ActionButton::Sign::Chevron)
-        painter.drawPolyline(QPolygonF(QList<QPointF>{{4, 6}, {8, 10}, {12, 6}}));
     if (sign == ActionButton::Sign::Link) {
         constexpr int Degree = 16; // the toolkit counts in sixteenths
         painter.translate(8, 8);

@@ -158,24 +158,4 @@ private:
     QStringList captions_;
 };
 
-/// The ring around the control that has the keyboard. It shows only while the keyboard is used.
-class FocusRing final : public QWidget {
-    Q_OBJECT
-
-public:
-    explicit FocusRing(QWidget* parent);
-    /// Looks after a control; `radius` is that of the control's own corners.
-    void Watch(QWidget* control, int radius);
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    void PlaceAround(QWidget* control);
-
-    int radius_ = 0;
-    bool keyboard_ = false; // the last thing used
-};
-
 } // namespace pulselark

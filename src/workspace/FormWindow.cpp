@@ -1,5 +1,6 @@
 #include "workspace/FormWindow.h"
 
+#include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
@@ -7,20 +8,16 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QWindow>
 
 namespace pulselark {
 
 namespace {
 
 constexpr int TitleRow = 48;
-constexpr int Radius = 12;
 constexpr int ColumnWidth = 336;
 constexpr int CardPadding = 20; // left and right
 
@@ -118,11 +115,10 @@ void FormCard::paintEvent(QPaintEvent* /*event*/) {
 // ---- Window ----
 
 FormWindow::FormWindow(QWidget* owner, const QString& name)
-    : QDialog(owner, Qt::Dialog | Qt::FramelessWindowHint), title_(new QLabel(this)),
+    : FloatingForm(owner, name), title_(new QLabel(this)),
       close_(new ActionButton("picClose", ActionButton::Sign::Close, this)), scroll_(new QScrollArea(this)),
       body_(new QWidget), ring_(new FocusRing(this)) {
-    setObjectName(name);
-    setAttribute(Qt::WA_TranslucentBackground); // for the round corners
+    SetTitleRow(TitleRow);
     setStyleSheet(FormStyle());
     setFont(TextFont(13));
     title_->setFont(TextFont(16, 500));
@@ -194,36 +190,6 @@ void FormWindow::FitToScreen() {
 
 void FormWindow::ScrollTo(QWidget* control) {
     scroll_->ensureWidgetVisible(control);
-}
-
-void FormWindow::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    if (placed_ || event->spontaneous())
-        return;
-    placed_ = true;
-    if (const QWidget* owner = parentWidget(); owner != nullptr && owner->isVisible())
-        move(owner->window()->frameGeometry().center() - rect().center());
-}
-
-void FormWindow::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && event->position().y() < TitleRow && windowHandle() != nullptr)
-        windowHandle()->startSystemMove();
-}
-
-void FormWindow::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF plate = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    QPainterPath outline;
-    outline.addRoundedRect(plate, Radius, Radius);
-    painter.fillPath(outline, FormColour::Paper);
-    painter.save();
-    painter.setClipRect(QRect(0, 0, width(), TitleRow));
-    painter.fillPath(outline, FormColour::Card);
-    painter.restore();
-    painter.fillRect(QRectF(0, TitleRow - 1, width(), 1), FormColour::Rule);
-    painter.setPen(QPen(FormColour::Edge, 1));
-    painter.drawPath(outline);
 }
 
 } // namespace pulselark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "workspace/FloatingForm.h"
 
 class QLabel;
 class QScrollArea;
@@ -44,7 +44,7 @@ private:
 
 /// A form: a window of its own with a title row, a close mark and cards in columns. Escape and the close mark
 /// hide it. Where the screen is too small for it, its body scrolls.
-class FormWindow : public QDialog {
+class FormWindow : public FloatingForm {
     Q_OBJECT
 
 public:
@@ -61,17 +61,12 @@ protected:
     void FitToScreen();
     void ScrollTo(QWidget* control);
 
-    void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-
 private:
     QLabel* title_;
     ActionButton* close_;
     QScrollArea* scroll_;
     QWidget* body_;
     FocusRing* ring_;
-    bool placed_ = false;
 };
 
 } // namespace pulselark

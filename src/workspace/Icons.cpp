@@ -75,6 +75,15 @@ void PaintMark(QPainter& painter, Icon icon) {
         painter.drawLine(QPointF(3.5, 3.5), QPointF(12.5, 12.5));
         painter.drawLine(QPointF(12.5, 3.5), QPointF(3.5, 12.5));
         break;
+    case Icon::Tick:
+        painter.drawPolyline(Points({{3, 8.5}, {6.5, 12}, {13, 4.5}}));
+        break;
+    case Icon::ArrowRight:
+        painter.drawPolyline(Points({{6, 4}, {10, 8}, {6, 12}}));
+        break;
+    case Icon::ArrowDown:
+        painter.drawPolyline(Points({{4, 6}, {8, 10}, {12, 6}}));
+        break;
     default:
         break;
     }
@@ -117,6 +126,11 @@ void PaintPanelIcon(QPainter& painter, Icon icon) {
     case Icon::Training:
         painter.drawEllipse(QPointF(8, 8), 5.5, 5.5);
         painter.drawEllipse(QPointF(8, 8), 2, 2);
+        break;
+    case Icon::Print:
+        painter.drawPolyline(Points({{4.5, 5.5}, {4.5, 2}, {11.5, 2}, {11.5, 5.5}}));
+        painter.drawPolyline(Points({{4.5, 11.5}, {2, 11.5}, {2, 5.5}, {14, 5.5}, {14, 11.5}, {11.5, 11.5}}));
+        painter.drawRect(QRectF(4.5, 9, 7, 5));
         break;
     default:
         PaintMark(painter, icon);

@@ -2,6 +2,10 @@
 
 #include "analysis/ColourSchemes.h"
 #include "platform/qt/QtFonts.h"
+#include "session/Settings.h"
+
+#include <QStringList>
+#include <QTextLayout>
 
 #include <array>
 
@@ -45,8 +49,21 @@ QFont TextFont(int pixels, int weight) {
     return font;
 }
 
+QString TipLines(const QString& text) {
+    constexpr int Width = 360;
+    QTextLayout layout(text, TextFont(12));
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(Width);
+        lines.append(text.mid(line.textStart(), line.textLength()).trimmed());
+    }
+    layout.endLayout();
+    return lines.join('\n');
+}
+
 const Density& DensityFor(int windowWidth, int windowHeight) {
-    return windowWidth < 1280 || windowHeight < 800 ? Compact : Regular;
+    return windowWidth < 1280 || windowHeight < 800 || AutoScaleAll == Off ? Compact : Regular;
 }
 
 } // namespace pulselark

@@ -44,6 +44,9 @@ inline constexpr QColor Danger(0xB3, 0x26, 0x1E);
 /// The program's font in a pixel size and a weight of 400, 500 or 700.
 QFont TextFont(int pixels, int weight = 400);
 
+/// The words of a tool tip in lines of a width that is read with ease.
+QString TipLines(const QString& text);
+
 /// Sizes of the window's parts in pixels; compact on small windows.
 struct Density {
     int TopBar;
@@ -53,7 +56,8 @@ struct Density {
     int Body;      ///< text of the window
     int Gap;       ///< between modules, and around them
 };
-/// Compact below 1280 x 800, regular otherwise.
+/// Compact below 1280 x 800, and at any size while the layout is not scaled, since the built-in one puts its
+/// first panels right below the narrow bar; regular otherwise.
 const Density& DensityFor(int windowWidth, int windowHeight);
 
 } // namespace pulselark

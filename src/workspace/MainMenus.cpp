@@ -9,7 +9,6 @@
 #include "platform/system/ProcessPriority.h"
 #include "quickscan/QsPrint.h"
 #include "session/MainBuffers.h"
-#include "workspace/Look.h"
 #include "workspace/Texts.h"
 #include "workspace/frmViewMenu.h"
 
@@ -96,7 +95,9 @@ void MainMenus::BuildToolsMenu() {
                 return;
             if (other != nullptr)
                 other->setChecked(true);
-            routines_.Run([] { ThePlatform().Messages.Show(LanguageText(TextPriorityRefused), ButtonOK); });
+            routines_.Run([] {
+                ThePlatform().Messages.Show(LanguageText(TextPriorityRefused), ButtonOK, WarningManner);
+            });
         });
     }
 }
@@ -112,14 +113,6 @@ void MainMenus::Mirror() {
     save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
     for (QAction* page : {print_, savePage_})
         page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
-}
-
-void MainMenus::ApplyLook() {
-    for (QMenu* menu : {file_, static_cast<QMenu*>(view_), tools_, help_}) {
-        menu->setAttribute(Qt::WA_TranslucentBackground);
-        menu->setFont(TextFont(13));
-        menu->setStyleSheet(MenuStyle());
-    }
 }
 
 void MainMenus::Retranslate() {

@@ -38,7 +38,6 @@ public:
 
     /// Enables what can be done now.
     void Mirror();
-    void ApplyLook();
     /// Sets all texts in the language in use.
     void Retranslate();
 

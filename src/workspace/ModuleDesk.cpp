@@ -9,6 +9,7 @@
 #include "session/Settings.h"
 #include "workspace/DefaultPlaces.h"
 #include "workspace/ModuleFrame.h"
+#include "workspace/Shadow.h"
 #include "workspace/Texts.h"
 
 #include <QPainter>
@@ -91,6 +92,7 @@ ModuleDesk::ModuleDesk(QWidget* window, std::function<void(const std::function<v
                                            Icon::Hrv,      Icon::QuickScan, Icon::Training};
     for (std::size_t i = 0; i < frames_.size(); ++i) {
         frames_[i] = new ModuleFrame(static_cast<int>(i), Pictures[i], window_);
+        shadows_[i] = new ShadowBelow(frames_[i], window_, ModuleShadow);
         ConnectFrame(static_cast<int>(i));
     }
     Retranslate();
@@ -175,8 +177,10 @@ bool ModuleDesk::LayOut() {
     }
     if (orderShown_ != PanelOrder) {
         orderShown_ = PanelOrder;
-        for (const int index : PanelOrder)
+        for (const int index : PanelOrder) {
             frames_[static_cast<std::size_t>(index)]->raise();
+            shadows_[static_cast<std::size_t>(index)]->Restack();
+        }
     }
     overlay_->raise();
     return changed;
@@ -184,7 +188,9 @@ bool ModuleDesk::LayOut() {
 
 void ModuleDesk::Mirror() {
     for (std::size_t i = 0; i < frames_.size(); ++i) {
-        frames_[i]->SetActive(ActivePanel == static_cast<int>(i));
+        const bool active = ActivePanel == static_cast<int>(i);
+        frames_[i]->SetActive(active);
+        shadows_[i]->SetKind(active ? ActiveModuleShadow : ModuleShadow);
         frames_[i]->Title()->SetState(LockPanels != Off, PanelEnlarged(static_cast<int>(i)));
     }
     const bool dragged = DragOutline.Visible != Off;
@@ -193,15 +199,6 @@ void ModuleDesk::Mirror() {
     overlay_->setGeometry(window_->rect());
     overlay_->setVisible(dragged);
     overlay_->update();
-}
-
-std::vector<ModuleDesk::Shadow> ModuleDesk::Shadows() const {
-    std::vector<Shadow> shadows;
-    for (const ModuleFrame* frame : frames_) {
-        if (!frame->isHidden())
-            shadows.push_back({frame->geometry(), frame->Active()});
-    }
-    return shadows;
 }
 
 } // namespace pulselark

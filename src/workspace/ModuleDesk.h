@@ -8,7 +8,6 @@
 
 #include <array>
 #include <functional>
-#include <vector>
 
 class QWidget;
 
@@ -16,6 +15,7 @@ namespace pulselark {
 
 class DragOverlay;
 class ModuleFrame;
+class ShadowBelow;
 
 /// The seven module panels on the main window: their frames at the places that the core gives them, the mouse
 /// on title bars, sizers and marks, and the overlay `frmScale` with the outline of a drag.
@@ -36,19 +36,13 @@ public:
     void Retranslate();
     void Mirror();
 
-    /// Where the desk throws a shadow for a module; a deeper one for the module that is worked in.
-    struct Shadow {
-        QRect Place;
-        bool Active;
-    };
-    std::vector<Shadow> Shadows() const;
-
 private:
     void ConnectFrame(int index);
 
     QWidget* window_;
     std::function<void(const std::function<void()>&)> run_;
     std::array<ModuleFrame*, ModulePanelCount> frames_{};
+    std::array<ShadowBelow*, ModulePanelCount> shadows_{};
     DragOverlay* overlay_;
     QRect workArea_;
     std::array<PanelPlace, ModulePanelCount> fitted_{}; // the built-in layout, as it was fitted last

@@ -71,7 +71,6 @@ void ModuleFrame::SetActive(bool active) {
     if (active == active_)
         return;
     active_ = active;
-    parentWidget()->update(); // the shadows are the desk's
     update();
 }
 

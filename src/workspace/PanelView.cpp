@@ -85,6 +85,7 @@ void PanelView::PaintNotice(QPainter& painter, const QString& text) const {
 }
 
 void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption, Qt::Alignment alignment) const {
+    constexpr double Padding = 4;
     const QRectF plate(caption.Left, 0, caption.Width, caption.Height);
     QColor back = ToQColor(PanelBackColour());
     back.setAlphaF(0.86F);
@@ -92,9 +93,15 @@ void PanelView::PaintCaption(QPainter& painter, const CaptionLabel& caption, Qt:
     painter.setBrush(back);
     painter.drawRoundedRect(plate, 4, 4);
     painter.setPen(PanelInk(caption.ForeColour));
-    painter.setFont(PanelFont("Arial", 8, false));
-    painter.drawText(plate.adjusted(4, 0, -4, 0), Qt::AlignVCenter | alignment,
-                     QString::fromStdString(caption.Caption));
+    const QFont font = PanelFont("Arial", 8, false);
+    const QFontMetricsF metrics(font);
+    const QString text = QString::fromStdString(caption.Caption);
+    const double room = plate.width() - 2 * Padding - metrics.horizontalAdvance(text);
+    // The capitals stand in the middle of the plate, as printed text does in its line.
+    painter.setFont(font);
+    painter.drawText(QPointF(plate.left() + Padding + (alignment == Qt::AlignRight ? room : room / 2),
+                             (plate.height() + metrics.capHeight()) / 2),
+                     text);
 }
 
 void PanelView::paintEvent(QPaintEvent* /*event*/) {

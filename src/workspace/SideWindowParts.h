@@ -3,6 +3,7 @@
 #include <QSize>
 #include <QString>
 
+class QComboBox;
 class QPushButton;
 class QWidget;
 
@@ -40,11 +41,17 @@ QString SideWindowStyle();
 /// A push button that Enter does not press by itself.
 QPushButton* NewSideButton(const char* name, QWidget* parent);
 
+/// A field that drops a list down.
+QComboBox* NewSideList(const char* name, QWidget* parent);
+
 /// Sets what a control shows, which is also its name for screen readers.
 void SetCaption(QPushButton* button, const QString& caption);
 
 /// Makes a button the main one of its window.
 void MakeMainButton(QPushButton* button);
+
+/// Marks a button that throws something away.
+void MakeDestructiveButton(QPushButton* button);
 
 /// The size that a window would like, no larger than nine tenths of its screen.
 QSize RoomFor(const QWidget& window, const QSize& wanted);

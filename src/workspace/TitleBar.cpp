@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "platform/qt/QtColour.h"
+#include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 
@@ -28,6 +29,7 @@ TitleMark::TitleMark(const QString& name, Icon icon, QWidget* parent) : QAbstrac
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::ArrowCursor);
     setAttribute(Qt::WA_Hover);
+    FocusRing::Of(window()).Watch(this, 4, Ground::Module);
 }
 
 void TitleMark::SetIcon(Icon icon) {
@@ -47,12 +49,7 @@ void TitleMark::paintEvent(QPaintEvent* /*event*/) {
         plate.setAlphaF(isDown() ? 0.20F : 0.12F);
         painter.setBrush(plate);
         painter.setPen(ToQColor(CurrentScheme().ButtonFace));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 0.5, -1.5, -0.5), 4, 4);
-    }
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(look.Focus, 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 1, -2, -1), 4, 4);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     }
     const double side = std::min(14, height() - 6);
     PaintIcon(painter, icon_, QRectF((width() - side) / 2, (height() - side) / 2, side, side),
@@ -143,7 +140,7 @@ PanelSizer::PanelSizer(Edge edge, int index, QWidget* parent) : QWidget(parent),
     const Qt::CursorShape cursors[] = {Qt::SizeHorCursor, Qt::SizeVerCursor, Qt::SizeFDiagCursor};
     setObjectName(QString("%1%2").arg(names[static_cast<int>(edge)]).arg(index));
     setAccessibleName(Text(TextSizePanel));
-    setToolTip(Text(TextSizePanel));
+    setToolTip(Text(TextSizePanel) + QString::fromUtf8(" (F6, Shift + ← ↑ → ↓)"));
     setCursor(cursors[static_cast<int>(edge)]);
 }
 

@@ -7,11 +7,16 @@
 #include "session/MainControls.h"
 #include "session/SessionButtons.h"
 #include "workspace/Look.h"
+#include "workspace/ProgramStyle.h"
+#include "workspace/QsEntry.h"
 #include "workspace/Texts.h"
 #include "workspace/TransportButton.h"
 
+#include <QCoreApplication>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -21,7 +26,14 @@ namespace pulselark {
 namespace {
 
 constexpr int ProgressWidth = 224;
+constexpr int LeastProgress = 112; // for clock and length above it
+constexpr int ClockWidth = 72;     // without the line
+constexpr int LeastWidthForProgress = 1024;
 constexpr int ChipTextLeft = 50;
+constexpr int NameLeft = 16 + 28 + 12;
+constexpr int PlateHeight = 32; // of menu words, entries and chips
+constexpr int MenuRim = 4;      // around the menu words, for their focus ring
+constexpr int DividerRoom = 33; // a divider with 16 to each side
 
 // The clock of a session: minutes and seconds, with the hour once there is one.
 QString ClockText(Long seconds) {
@@ -54,41 +66,78 @@ int RateOf(const SecondsBuffer& ibi, Long second) {
     return interval > 0 ? static_cast<int>(Round(60 / interval)) : 0;
 }
 
+void PaintDivider(QPainter& painter, double x, int barHeight) {
+    const double high = std::min(24, barHeight - 12);
+    painter.fillRect(QRectF(std::round(x), (barHeight - high) / 2, 1, high), QColor(255, 255, 255, 61));
+}
+
 } // namespace
 
 TopBar::TopBar(QWidget* parent)
     : QWidget(parent), menus_(new QMenuBar(this)),
       record_(new TransportButton("picStartSmp", Icon::Record, this)),
       replay_(new TransportButton("picReplay", Icon::Replay, this)),
-      stop_(new TransportButton("picStop", Icon::Stop, this)) {
+      stop_(new TransportButton("picStop", Icon::Stop, this)), qsEntries_{
+                                                                   new QsEntry(0, Icon::QuickScan, this),
+                                                                   new QsEntry(1, Icon::Print, this)} {
     setObjectName("picTopBarMain");
     setAccessibleName(ProgramTitle);
     menus_->setObjectName("labMainMenu");
     menus_->setAccessibleName(ProgramTitle);
     menus_->setNativeMenuBar(false);
+    menus_->setFont(TextFont(13));
+    menus_->installEventFilter(this);
+    // The ring reaches beyond the word that the toolkit paints anew.
+    connect(menus_, &QMenuBar::hovered, menus_, [this] { menus_->update(); });
+    for (int i = 0; i < static_cast<int>(qsEntries_.size()); ++i) {
+        connect(qsEntries_[static_cast<std::size_t>(i)], &QAbstractButton::clicked, this, [this, i] {
+            if (QsClicked)
+                QsClicked(i);
+        });
+    }
     Retranslate();
 }
 
 void TopBar::Retranslate() {
     record_->setAccessibleName(Text(TextRecordButton));
-    record_->setToolTip(Text(TextRecordButtonOffTip));
+    record_->setToolTip(TipLines(Text(TextRecordButtonOffTip)));
     replay_->setAccessibleName(Text(TextReplayButton));
-    replay_->setToolTip(Text(TextReplayButtonTip));
+    replay_->setToolTip(TipLines(Text(TextReplayButtonTip)));
     stop_->setAccessibleName(Text(TextStopButton));
-    stop_->setToolTip(Text(TextStopButtonTip));
+    stop_->setToolTip(TipLines(Text(TextStopButtonTip)));
 }
 
 void TopBar::ApplyLook() {
-    const SchemeLook& look = CurrentLook();
-    menus_->setFont(TextFont(13));
-    menus_->setStyleSheet(
-        QString("QMenuBar { background: transparent; color: %1; border: none; }"
-                "QMenuBar::item { background: transparent; padding: 6px 12px; border-radius: 6px; }"
-                "QMenuBar::item:selected { background: %2; }"
-                "QMenuBar::item:pressed { background: %3; }")
-            .arg(look.BarText.name(), look.RaisedHover.name(), look.RaisedPressed.name()));
     LayOut();
     update();
+}
+
+QString TopBar::ChipTipAt(int x) const {
+    int right = width() - 16;
+    for (auto chip = chips_.crbegin(); chip != chips_.crend(); ++chip) {
+        const int left = right - ChipWidth(*chip);
+        const int word = chip->Light == Icon::LightGood   ? TextSignalGood
+                         : chip->Light == Icon::LightWeak ? TextSignalWeak
+                                                          : TextSignalLost;
+        if (x >= left && x < right)
+            return Text(TextChannelLight).arg(chip->Name) + ": " + Text(word);
+        right = left - 8;
+    }
+    return {};
+}
+
+bool TopBar::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), ChipTipAt(help->pos().x()), this);
+    return true;
+}
+
+bool TopBar::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == menus_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
+        menus_->update();
+    return QWidget::eventFilter(watched, event);
 }
 
 void TopBar::resizeEvent(QResizeEvent* /*event*/) {
@@ -98,19 +147,60 @@ void TopBar::resizeEvent(QResizeEvent* /*event*/) {
 void TopBar::LayOut() {
     const QWidget* window = parentWidget();
     const Density& density = DensityFor(window->width(), window->height());
+    const int plate = std::min(PlateHeight, height() - 2 * MenuRim);
+    if (menus_->property(PlateHeightProperty).toInt() != plate) {
+        menus_->setProperty(PlateHeightProperty, plate);
+        QEvent changed(QEvent::StyleChange); // the bar measures its words anew
+        QCoreApplication::sendEvent(menus_, &changed);
+    }
+    for (const bool tight : {false, true}) {
+        tight_ = tight;
+        LayOutLeft(density);
+        LayOutRight();
+        if (ClockFits())
+            break;
+    }
+}
+
+bool TopBar::ClockFits() const {
+    return clockLeft_ + ClockWidth <= qsEntries_[0]->x();
+}
+
+void TopBar::LayOutLeft(const Density& density) {
     const int middle = height() / 2;
-    const QFontMetrics name(TextFont(15, 500));
-    int x = 16 + 28 + 12 + name.horizontalAdvance(ProgramTitle) + 16;
+    const int name = tight_ ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
+    int x = NameLeft + name - MenuRim;
     const QSize menuSize = menus_->sizeHint();
     menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
-    dividerLeft_ = x + menuSize.width() + 16;
-    x = dividerLeft_ + 13;
+    dividerLeft_ = x + menuSize.width() - MenuRim + 16;
+    x = dividerLeft_ + 17;
     for (TransportButton* button : {record_, replay_, stop_}) {
         button->SetDiameter(density.Transport);
         button->move(x, middle - button->height() / 2);
-        x += button->width(); // the rims for the focus rings make the gap of 8
+        x += button->width() + 8;
     }
-    clockLeft_ = x + 12;
+    clockLeft_ = x + 8;
+}
+
+// The clock's progress line goes first, then the words of the entries, of which the icons stay.
+void TopBar::LayOutRight() {
+    int right = width() - 16;
+    for (const Chip& chip : chips_)
+        right -= ChipWidth(chip) + 8;
+    chipsLeft_ = chips_.isEmpty() ? right : right - DividerRoom + 8;
+    const auto entries = [this](bool words) {
+        return qsEntries_[0]->WidthWith(words) + qsEntries_[1]->WidthWith(words) + 4;
+    };
+    const int room = chipsLeft_ - clockLeft_ - 16;
+    progressWidth_ = std::min(ProgressWidth, room - entries(ProgressWidth + entries(true) <= room));
+    if (width() < LeastWidthForProgress || progressWidth_ < LeastProgress)
+        progressWidth_ = 0;
+    const bool words = std::max(progressWidth_, ClockWidth) + entries(true) <= room;
+    int x = chipsLeft_ - entries(words);
+    for (QsEntry* entry : qsEntries_) {
+        entry->Place(x, height(), words);
+        x += entry->width() + 4;
+    }
 }
 
 void TopBar::Mirror() {
@@ -134,14 +224,26 @@ void TopBar::Mirror() {
                 chip.Value = Text(TextSignalLost);
         }
     }
+    const auto caption = [](const Label& label, int text) {
+        return label.Caption.empty() ? Text(text) : QString::fromStdString(label.Caption);
+    };
+    const QStringList entries{caption(labQSMenu[0], TextQuickScan), caption(labQSMenu[1], TextPrint)};
+    const bool sameEntries = entries[0] == qsEntries_[0]->text() && entries[1] == qsEntries_[1]->text();
+    if (!sameEntries) {
+        qsEntries_[0]->SetCaption(entries[0]);
+        qsEntries_[1]->SetCaption(entries[1]);
+    }
+    const QString dryTesting = QString::fromStdString(labDryTesting.Caption);
     const QString clock = ClockText(second);
     const QString length =
         SessionSeconds > 0 ? Text(TextClockOf) + " " + ClockText(SessionSeconds) : QString();
-    if (clock == clock_ && length == length_ && chips == chips_)
+    if (clock == clock_ && length == length_ && chips == chips_ && sameEntries && dryTesting == dryTesting_)
         return;
     clock_ = clock;
     length_ = length;
     chips_ = chips;
+    dryTesting_ = dryTesting;
+    LayOut();
     progress_ = SessionSeconds > 0 ? static_cast<double>(second) / SessionSeconds : 0;
     setAccessibleDescription(Text(TextClockName) + " " + clock_ + " " + length_);
     update();
@@ -149,20 +251,19 @@ void TopBar::Mirror() {
 
 void TopBar::PaintClock(QPainter& painter) const {
     const SchemeLook& look = CurrentLook();
-    const bool roomForLine = width() >= 1024;
-    const double top = height() / 2.0 - (roomForLine ? 14 : 8);
+    const double top = height() / 2.0 - (progressWidth_ > 0 ? 14 : 9);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(16, 500));
-    painter.drawText(QRectF(clockLeft_, top, 90, 18), Qt::AlignLeft | Qt::AlignVCenter, clock_);
-    if (!roomForLine)
+    painter.drawText(QRectF(clockLeft_, top, ClockWidth, 18), Qt::AlignLeft | Qt::AlignVCenter, clock_);
+    if (progressWidth_ == 0)
         return;
     painter.setFont(TextFont(12));
     painter.setOpacity(0.8);
-    painter.drawText(QRectF(clockLeft_, top, ProgressWidth, 18), Qt::AlignRight | Qt::AlignVCenter, length_);
+    painter.drawText(QRectF(clockLeft_, top, progressWidth_, 18), Qt::AlignRight | Qt::AlignVCenter, length_);
     painter.setOpacity(1);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(255, 255, 255, 56));
-    const QRectF line(clockLeft_, top + 23, ProgressWidth, 4);
+    const QRectF line(clockLeft_, top + 23, progressWidth_, 4);
     painter.drawRoundedRect(line, 2, 2);
     if (progress_ > 0) {
         painter.setBrush(look.Running);
@@ -171,15 +272,24 @@ void TopBar::PaintClock(QPainter& painter) const {
     }
 }
 
+QString TopBar::ValueOf(const Chip& chip) const {
+    return tight_ && chip.Light != Icon::LightLost ? chip.Value.section(' ', 0, 0) : chip.Value;
+}
+
+// As wide as its words, but not narrower for two digits than for three, so that it stands still.
+int TopBar::ChipWidth(const Chip& chip) const {
+    const QFontMetrics metrics(TextFont(12));
+    const QString widest = tight_ ? QString("000") : "000 " + Text(TextBpm);
+    return ChipTextLeft + 14 +
+           std::max(metrics.horizontalAdvance(ValueOf(chip)), metrics.horizontalAdvance(widest));
+}
+
 void TopBar::PaintChips(QPainter& painter) const {
     const SchemeLook& look = CurrentLook();
-    const double high = std::min(32, height() - 8);
+    const double high = std::min(PlateHeight, height() - 8);
     double right = width() - 16;
     for (auto chip = chips_.crbegin(); chip != chips_.crend(); ++chip) {
-        // As wide as its words, but not narrower for two digits than for three, so that it stands still.
-        const int words = std::max(QFontMetrics(TextFont(12)).horizontalAdvance(chip->Value),
-                                   QFontMetrics(TextFont(12)).horizontalAdvance("000 " + Text(TextBpm)));
-        const double wide = ChipTextLeft + words + 14;
+        const double wide = ChipWidth(*chip);
         const QRectF plate(right - wide, height() / 2.0 - high / 2, wide, high);
         right = plate.left() - 8;
         painter.setPen(Qt::NoPen);
@@ -192,8 +302,25 @@ void TopBar::PaintChips(QPainter& painter) const {
         painter.drawText(plate.adjusted(13, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, chip->Name);
         painter.setFont(TextFont(12));
         painter.drawText(plate.adjusted(ChipTextLeft, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                         chip->Value);
+                         ValueOf(*chip));
     }
+    if (!chips_.isEmpty())
+        PaintDivider(painter, right - DividerRoom / 2.0 + 8, height());
+}
+
+// Its colours are pure ones, which no bar carries: it stands on black.
+void TopBar::PaintDryTesting(QPainter& painter) const {
+    const double left = clockLeft_ + std::max(progressWidth_, ClockWidth) + 16;
+    painter.setFont(TextFont(12, 500));
+    const int wide = painter.fontMetrics().horizontalAdvance(dryTesting_);
+    const QRectF plate(left, height() / 2.0 - 12, wide + 16, 24);
+    if (dryTesting_.isEmpty() || plate.right() + 8 > qsEntries_[0]->x())
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawRoundedRect(plate, 4, 4);
+    painter.setPen(ToQColor(labDryTesting.ForeColour));
+    painter.drawText(plate, Qt::AlignCenter, dryTesting_);
 }
 
 void TopBar::paintEvent(QPaintEvent* /*event*/) {
@@ -209,9 +336,12 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
     PaintIcon(painter, Icon::Mark, mark.adjusted(4, 4, -4, -4), Qt::white);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(15, 500));
-    painter.drawText(QRectF(16 + 28 + 12, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
-    painter.fillRect(QRectF(dividerLeft_, height() / 2.0 - 12, 1, 24), QColor(255, 255, 255, 61));
-    PaintClock(painter);
+    if (!tight_)
+        painter.drawText(QRectF(NameLeft, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
+    PaintDivider(painter, dividerLeft_, height());
+    if (ClockFits())
+        PaintClock(painter);
+    PaintDryTesting(painter);
     PaintChips(painter);
 }
 

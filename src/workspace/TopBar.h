@@ -4,13 +4,19 @@
 
 #include <QWidget>
 
+#include <array>
+#include <functional>
+
 class QMenuBar;
 
 namespace pulselark {
 
+class QsEntry;
 class TransportButton;
+struct Density;
 
-/// The top bar `picTopBarMain`: mark, menus, record, replay and stop, clock and progress, channel chips.
+/// The top bar `picTopBarMain`: mark, menus, record, replay and stop, clock and progress, quick scan and
+/// print, channel chips.
 class TopBar final : public QWidget {
     Q_OBJECT
 
@@ -22,6 +28,9 @@ public:
     TransportButton* ReplayButton() const { return replay_; }
     TransportButton* StopButton() const { return stop_; }
 
+    /// Called with the index of the entry `labQSMenu` that was clicked: 0 quick scan, 1 print.
+    std::function<void(int)> QsClicked;
+
     /// Takes over the sizes for the window's size and the colours of the scheme.
     void ApplyLook();
     /// Sets names and tool tips in the language in use.
@@ -30,7 +39,9 @@ public:
     void Mirror();
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -41,6 +52,16 @@ private:
         bool operator==(const Chip&) const = default;
     };
     void LayOut();
+    void LayOutLeft(const Density& density);
+    bool ClockFits() const;
+    /// What a chip says; where the bar is tight, without the unit.
+    QString ValueOf(const Chip& chip) const;
+    /// Places what stands at the right, and leaves out what there is no room for.
+    void LayOutRight();
+    int ChipWidth(const Chip& chip) const;
+    /// What the light of the chip at that place says; empty beside the chips.
+    QString ChipTipAt(int x) const;
+    void PaintDryTesting(QPainter& painter) const;
     void PaintClock(QPainter& painter) const;
     void PaintChips(QPainter& painter) const;
 
@@ -48,12 +69,17 @@ private:
     TransportButton* record_;
     TransportButton* replay_;
     TransportButton* stop_;
+    std::array<QsEntry*, 2> qsEntries_;
+    bool tight_ = false; // no room for the program's name and the units
     int clockLeft_ = 0;
     int dividerLeft_ = 0;
+    int chipsLeft_ = 0;     // also the end of the room for the entries
+    int progressWidth_ = 0; // of the line below the clock; 0 without one
     QString clock_;
     QString length_;
     double progress_ = 0;
     QList<Chip> chips_;
+    QString dryTesting_;
 };
 
 } // namespace pulselark

@@ -1,20 +1,14 @@
 #include "workspace/TransportButton.h"
 
 #include "session/Replay.h"
+#include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 
-#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace pulselark {
-
-namespace {
-
-constexpr int Rim = 4; // room for the focus ring
-
-} // namespace
 
 TransportButton::TransportButton(const char* name, Icon icon, QWidget* parent)
     : QAbstractButton(parent), icon_(icon) {
@@ -24,7 +18,8 @@ TransportButton::TransportButton(const char* name, Icon icon, QWidget* parent)
 }
 
 void TransportButton::SetDiameter(int diameter) {
-    setFixedSize(diameter + 2 * Rim, diameter + 2 * Rim);
+    setFixedSize(diameter, diameter);
+    FocusRing::Of(window()).Watch(this, diameter / 2, Ground::Bar);
 }
 
 void TransportButton::SetState(bool available, bool running, bool lifted) {
@@ -40,7 +35,7 @@ void TransportButton::paintEvent(QPaintEvent* /*event*/) {
     const SchemeLook& look = CurrentLook();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF disc = QRectF(rect()).adjusted(Rim, Rim, -Rim, -Rim);
+    const QRectF disc = rect();
     const bool lit = available_ && running_;
     QColor plate = look.RaisedHover;
     if (lit)
@@ -62,12 +57,6 @@ void TransportButton::paintEvent(QPaintEvent* /*event*/) {
         painter, icon_,
         QRectF(disc.center().x() - side / 2, disc.center().y() - side / 2 + (pressed_ ? 1 : 0), side, side),
         glyph);
-    painter.setOpacity(1.0);
-    if (hasFocus() && keyboardFocus_) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(look.Focus == QColor(0x0A, 0x4F, 0x9E) ? look.BarText : look.Focus, 2));
-        painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
-    }
 }
 
 void TransportButton::mousePressEvent(QMouseEvent* event) {
@@ -101,12 +90,6 @@ void TransportButton::enterEvent(QEnterEvent* /*event*/) {
 
 void TransportButton::leaveEvent(QEvent* /*event*/) {
     emit Hovered(false);
-}
-
-void TransportButton::focusInEvent(QFocusEvent* event) {
-    keyboardFocus_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
-                     event->reason() == Qt::ShortcutFocusReason;
-    QAbstractButton::focusInEvent(event);
 }
 
 } // namespace pulselark

@@ -31,7 +31,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
 
 private:
     Icon icon_;
@@ -39,7 +38,6 @@ private:
     bool running_ = false;
     bool lifted_ = false;
     bool pressed_ = false;
-    bool keyboardFocus_ = false;
 };
 
 } // namespace pulselark

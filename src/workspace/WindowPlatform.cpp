@@ -77,13 +77,14 @@ std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& s
     return dialog.selectedFiles().constFirst().toStdString();
 }
 
-int WindowPlatform::Show(const std::string& text, int buttons) {
+int WindowPlatform::Show(const std::string& text, int buttons, const MessageManner& manner) {
     if (unattended_)
         return MostCarefulButton(buttons);
     CatchUp();
     // Over the window that is in use: one that stays in front of the main window would hide the question.
     QWidget* inUse = QApplication::activeWindow();
-    return ShowMessageWindow(inUse != nullptr ? inUse : owner_.data(), QString::fromStdString(text), buttons);
+    return ShowMessageWindow(inUse != nullptr ? inUse : owner_.data(), QString::fromStdString(text), buttons,
+                             manner);
 }
 
 void WindowPlatform::Yield() {

@@ -33,7 +33,7 @@ public:
 
     std::optional<std::string> ChooseFileToOpen(const std::string& start, const std::string& filter) override;
     std::optional<std::string> ChooseFileToSave(const std::string& start, const std::string& filter) override;
-    int Show(const std::string& text, int buttons) override;
+    int Show(const std::string& text, int buttons, const MessageManner& manner) override;
     void Yield() override;
     void Show(const std::string& caption) override;
     void Draw(double percent) override;

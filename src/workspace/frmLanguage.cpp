@@ -5,6 +5,7 @@
 #include "platform/ProgramFolder.h"
 #include "session/LanguageTable.h"
 #include "session/MainControls.h"
+#include "workspace/FocusRing.h"
 #include "workspace/LanguageItems.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
@@ -91,6 +92,7 @@ frmLanguage::frmLanguage(QWidget* owner, std::function<void()> languageChanged)
     ShowReference(reference_);
     ShowEdition(edition_);
     Retranslate();
+    FocusRing::Of(this).WatchSideWindow();
     resize(RoomFor(*this, QSize(1040, 780)));
     StepTo(0);
 }
@@ -113,10 +115,8 @@ void frmLanguage::Build() {
     hint_->setMinimumHeight(16);
     for (QLabel* note : {packNote_, characterNote_, hint_})
         note->setWordWrap(true);
-    referenceLanguages_ = new QComboBox(this);
-    referenceLanguages_->setObjectName("listRefLang");
-    editionLanguages_ = new QComboBox(this);
-    editionLanguages_->setObjectName("listEdLang");
+    referenceLanguages_ = NewSideList("listRefLang", this);
+    editionLanguages_ = NewSideList("listEdLang", this);
     for (QComboBox* list : {referenceLanguages_, editionLanguages_}) {
         FillLanguages(list);
         list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

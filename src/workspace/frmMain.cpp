@@ -50,25 +50,6 @@ QString DraggedSession(const QMimeData* data) {
     return name.endsWith(".hti", Qt::CaseInsensitive) ? name : QString();
 }
 
-struct ShadowKind {
-    int Drop;
-    int Blur;
-    double Strength;
-};
-constexpr ShadowKind FlatShadow{2, 8, 0.22};
-constexpr ShadowKind DeepShadow{8, 24, 0.36};
-
-// Rings of black that fade out over the blur.
-void PaintShadow(QPainter& painter, const QRect& place, const ShadowKind& kind) {
-    painter.setPen(Qt::NoPen);
-    const double ring = kind.Strength * 2 / kind.Blur;
-    for (int reach = kind.Blur / 2; reach > -kind.Blur / 2; --reach) {
-        painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(ring * 0.5)));
-        const QRectF plate = QRectF(place).adjusted(-reach, -reach + kind.Drop, reach, reach + kind.Drop);
-        painter.drawRoundedRect(plate, 8 + reach, 8 + reach);
-    }
-}
-
 // Makes a form at its first use and brings it to the front.
 template <class Form, class... Arguments>
 void ShowForm(QPointer<Form>& form, Arguments... arguments) {
@@ -186,6 +167,12 @@ void frmMain::OpenWaitingFile() {
 }
 
 void frmMain::ConnectTransport() {
+    topBar_->QsClicked = [this](int entry) {
+        Do([this, entry] {
+            if (QsButton)
+                QsButton(entry);
+        });
+    };
     const auto connectHover = [this](TransportButton* button, PictureButton& picture) {
         connect(button, &TransportButton::Hovered, this,
                 [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
@@ -219,7 +206,6 @@ void frmMain::Mirror() {
 }
 
 void frmMain::ApplyLook() {
-    menus_->ApplyLook();
     loading_->setStyleSheet(QString("color: %1;").arg(CurrentLook().BarText.name()));
     LayOut();
     update();
@@ -240,7 +226,6 @@ void frmMain::PlaceModules(bool redraw) {
         return;
     panels_->LayOut();
     OpenAllPanels(true);
-    update(); // the shadows are the desk's
 }
 
 void frmMain::resizeEvent(QResizeEvent* /*event*/) {
@@ -250,9 +235,6 @@ void frmMain::resizeEvent(QResizeEvent* /*event*/) {
 void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.fillRect(rect(), CurrentLook().Desk);
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (const auto& [place, active] : desk_->Shadows())
-        PaintShadow(painter, place, active ? DeepShadow : FlatShadow);
 }
 
 void frmMain::CancelDrag() {

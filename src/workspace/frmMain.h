@@ -35,6 +35,9 @@ public:
     explicit frmMain(WindowPlatform& platform, const QString& version = QString());
     ~frmMain() override;
 
+    /// What a click on the entry 0 (quick scan) or 1 (print) of the top bar does; nothing until it is set.
+    std::function<void(int)> QsButton;
+
     /// Shows what the core has set, and lets its timers run as it wants them.
     void Mirror();
     /// Opens a session once the stages of the start are through.

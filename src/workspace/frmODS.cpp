@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/MainControls.h"
+#include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
 #include "workspace/Texts.h"
@@ -144,6 +145,7 @@ frmODS::frmODS(QWidget* owner)
     layout->addWidget(view_, 1);
     layout->addLayout(row);
     Retranslate();
+    FocusRing::Of(this).WatchSideWindow();
     resize(RoomFor(*this, QSize(960, 680)));
 }
 

@@ -3,6 +3,7 @@
 #include "analysis/ColourSchemes.h"
 #include "analysis/History.h"
 #include "session/MainBuffers.h"
+#include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
 #include "workspace/Look.h"
 #include "workspace/SettingsTiles.h"

@@ -1,6 +1,7 @@
 #include "workspace/frmUserGuide.h"
 
 #include "platform/system/FindProgramFolder.h"
+#include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
 #include "workspace/Texts.h"
@@ -45,6 +46,7 @@ frmUserGuide::frmUserGuide(QWidget* owner, const QString& folder) : QDialog(owne
     LayOut();
     Connect();
     Retranslate();
+    FocusRing::Of(this).WatchSideWindow();
     resize(RoomFor(*this, QSize(960, 800)));
     ShowContents();
 }

@@ -94,23 +94,10 @@ QIcon ConfigPicture(double density) {
 
 } // namespace
 
-QString MenuStyle() {
-    const SchemeLook& look = CurrentLook();
-    return QString(
-               "QMenu { background: %1; color: %2; border: 1px solid %4; border-radius: 8px; padding: 4px; }"
-               "QMenu::item { padding: 8px 24px 8px 12px; border-radius: 4px; min-width: 160px; }"
-               "QMenu::item:selected { background: %3; }"
-               "QMenu::item:disabled { color: rgba(255, 255, 255, 97); }"
-               "QMenu::icon { left: 8px; }"
-               "QMenu::separator { height: 1px; background: %4; margin: 4px 8px; }")
-        .arg(look.Bar.name(), look.BarText.name(), look.RaisedHover.name(), look.RaisedPressed.name());
-}
-
 frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
                          std::function<void(const std::function<void()>&)> run)
     : QMenu(parent), lookChanged_(std::move(lookChanged)), run_(std::move(run)) {
     setObjectName("frmViewMenu");
-    setAttribute(Qt::WA_TranslucentBackground);
     AddPanels();
     addSeparator();
     AddLayout();
@@ -149,7 +136,6 @@ QAction* frmViewMenu::AddToggle(int text, const char* name, short& value, std::f
 QMenu* frmViewMenu::AddSubmenu(int text, const char* name, int before) {
     QMenu* menu = addMenu(QString());
     menu->setObjectName(name);
-    menu->setAttribute(Qt::WA_TranslucentBackground);
     texts_.append(
         [menu, text, before] { menu->setTitle(before > 0 ? Text(before) + ": " + Text(text) : Text(text)); });
     return menu;
@@ -264,9 +250,6 @@ void frmViewMenu::Retranslate() {
 
 void frmViewMenu::ShowMarks() {
     ListConfigurations();
-    const QString style = MenuStyle();
-    for (QMenu* menu : findChildren<QMenu*>())
-        menu->setStyleSheet(style);
     for (const auto& mark : marks_)
         mark();
 }

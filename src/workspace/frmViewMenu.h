@@ -43,7 +43,4 @@ private:
     QMenu* configurations_ = nullptr;
 };
 
-/// The style of a menu in the colours of the scheme in use.
-QString MenuStyle();
-
 } // namespace pulselark

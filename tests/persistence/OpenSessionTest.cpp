@@ -137,6 +137,7 @@ TEST_F(Opening, SeventeenUnsavedSecondsAreAskedAbout) {
         Outside.Dialogs.Answers = {saveAs};
         OpenNamedSessionFromMenu("a.hti");
         EXPECT_EQ(Outside.Boxes.Shown.at(0), (FakeMessages::Message{"<175>", YesNoCancel}));
+        EXPECT_EQ(Outside.Boxes.Manners.back().Destructive, writeFailure == 0 ? ButtonNo : 0);
         EXPECT_EQ(SessionUnsaved, ToBoolean(!Opened()));
         return Opened();
     };
@@ -188,6 +189,7 @@ TEST_F(Opening, ADamagedFileIsToldWithItsLineAndIsNotPlayed) {
     ASSERT_EQ(Outside.Boxes.Shown.size(), 1U);
     const std::string& text = Outside.Boxes.Shown[0].Text;
     EXPECT_TRUE(text.starts_with("<174>13\n"));
+    EXPECT_EQ(Outside.Boxes.Manners[0].Kind, MessageKind::Warning);
     EXPECT_NE(text.find("a.hti, <273> " + std::to_string(line)), std::string::npos) << text;
     EXPECT_FALSE(timReplay.Enabled);
     EXPECT_EQ(LoadingSession | SessionUnsaved, Off);

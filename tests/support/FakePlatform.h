@@ -98,9 +98,11 @@ public:
     };
     std::deque<int> Answers; ///< without one the answer is OK
     std::vector<Message> Shown;
+    std::vector<MessageManner> Manners; ///< of the messages shown
 
-    int Show(const std::string& text, int buttons) override {
+    int Show(const std::string& text, int buttons, const MessageManner& manner) override {
         Shown.push_back({text, buttons});
+        Manners.push_back(manner);
         if (Answers.empty())
             return ButtonOK;
         const int answer = Answers.front();

@@ -4,6 +4,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
 #include "session/Replay.h"
 #include "workspace/WindowTest.h"
 
@@ -211,7 +212,12 @@ TEST_F(FrmMain, ClosingAsksForAnUnsavedSession) {
     Answer("comYes", [&] { Meet(cancelDialog); });
     EXPECT_FALSE(Main->close()); // no name, no saving, no end
     EXPECT_EQ(SessionUnsaved, On);
-    Answer("comNo");
+    Meet([](QWidget* window) { // from the main button to the one that throws the session away
+        EXPECT_EQ(window->accessibleName().toStdString(), LanguageText(TextSignQuestion));
+        EXPECT_TRUE(window->findChild<QPushButton*>("comNo")->property("destructive").toBool());
+        QTest::keyClick(window->focusWidget(), Qt::Key_Left);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+    });
     EXPECT_TRUE(Main->close());
     EXPECT_EQ(Asked, QStringList(4, question));
     Main->show();
@@ -236,7 +242,11 @@ TEST_F(FrmMain, AFileThatCannotBeOpenedIsNamed) {
     const std::string broken = ProgramFolder() + "/Sessions/broken.hti";
     std::ofstream(broken) << "no session\n";
     const std::string gone = ProgramFolder() + "/Sessions/gone.hti";
-    Answer("comOK");
+    Meet([](QWidget* window) {
+        EXPECT_EQ(window->accessibleName().toStdString(), LanguageText(TextSignWarning));
+        EXPECT_TRUE(window->accessibleDescription().contains("gone.hti"));
+        QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+    });
     OpenNamedSessionFromMenu(gone);
     EXPECT_EQ(SessionSeconds, 300);
     Answer("comOK");
@@ -271,6 +281,69 @@ TEST_F(FrmMain, ChoicesOfTheViewMenuShowAtOnce) {
         EXPECT_NE(Main->grab().toImage(), before) << action;
     }
     EXPECT_EQ(HistoryStyle, 8);
+}
+
+TEST_F(FrmMain, EntriesOfTheTopBarKeepTheirIconsWhereThereIsNoRoomForWords) {
+    OpenDemo();
+    std::vector<int> clicked;
+    Main->QsButton = [&clicked](int entry) { clicked.push_back(entry); };
+    const QWidget* scan = Find("labQSMenu0");
+    const QWidget* print = Find("labQSMenu1");
+    const int wide = print->width();
+    Main->resize(800, 600);
+    EXPECT_LT(print->width(), wide);
+    EXPECT_EQ(print->toolTip().toStdString(), LanguageText(TextPrint));
+    EXPECT_GT(scan->x(), Find("picStop")->geometry().right());
+    EXPECT_LE(scan->geometry().right(), print->x());
+    for (const char* entry : {"labQSMenu1", "labQSMenu0"})
+        QTest::mouseClick(Find(entry), Qt::LeftButton);
+    EXPECT_EQ(clicked, (std::vector<int>{1, 0}));
+    labQSMenu[0].Caption = "A / B";
+    Main->resize(1280, 800);
+    Main->Mirror();
+    EXPECT_EQ(print->width(), wide);
+    EXPECT_EQ(scan->accessibleName(), "A / B");
+    EXPECT_LE(scan->geometry().right(), print->x());
+}
+
+TEST_F(FrmMain, AModuleThrowsItsShadowOnTheOneBelow) {
+    ColourSchemeIndex = 3; // a light one
+    Main->ApplyLook();
+    const QRect below = Find("picModule2")->geometry();
+    const QPoint spot(below.left() + 200, below.top() + 126);
+    const auto lightness = [&] { return Main->grab().toImage().pixelColor(spot).lightness(); };
+    const int free = lightness();
+    picModule[0].Left = static_cast<float>((below.left() + 100) * 15);
+    picModule[0].Top = static_cast<float>((below.top() + 20) * 15);
+    picModule[0].Width = 200 * 15;
+    picModule[0].Height = 100 * 15; // ends 6 pixels above the spot
+    ActivePanel = 0;
+    PanelOrder = {1, 2, 3, 4, 5, 6, 0};
+    Main->Mirror();
+    const int active = lightness();
+    EXPECT_LT(active, free - 20);
+    ActivePanel = -1;
+    Main->Mirror();
+    EXPECT_GT(lightness(), active); // a flat shadow does not reach as far
+    PanelOrder = {0, 1, 2, 3, 4, 5, 6};
+    Main->Mirror();
+    EXPECT_EQ(lightness(), free); // now it lies below
+}
+
+TEST_F(FrmMain, TheRingGoesWithTheKeyboardOnly) {
+    OpenDemo();
+    Main->activateWindow();
+    QWidget* replay = Find("picReplay");
+    QWidget* ring = Find("FocusRing");
+    replay->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(ring->isVisible());
+    Find("picStop")->setFocus(Qt::TabFocusReason);
+    replay->setFocus(Qt::BacktabFocusReason);
+    ASSERT_TRUE(ring->isVisible());
+    EXPECT_EQ(ring->geometry(), replay->geometry().adjusted(-4, -4, 4, 4));
+    QWidget* mark = Find("picClose3");
+    mark->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(ring->geometry().center(), mark->mapTo(Main.get(), mark->rect().center()));
 }
 
 TEST_F(FrmMain, WhatAUserActsOnHasAName) {

@@ -6,6 +6,7 @@
 #include "session/PanelSurfaces.h"
 #include "session/Settings.h"
 #include "support/RecordingSurface.h"
+#include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
 #include "workspace/SideWindowsTest.h"
 #include "workspace/WindowTest.h"

@@ -32,7 +32,9 @@ public:
                                                 const std::string& /*filter*/) override {
         return std::nullopt;
     }
-    int Show(const std::string& /*text*/, int buttons) override { return MostCarefulButton(buttons); }
+    int Show(const std::string& /*text*/, int buttons, const MessageManner& /*manner*/) override {
+        return MostCarefulButton(buttons);
+    }
     void Yield() override {}
     void Show(const std::string& /*caption*/) override {}
     void Draw(double /*percent*/) override {}

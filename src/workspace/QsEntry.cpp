@@ -1,0 +1,78 @@
+#include "workspace/QsEntry.h"
+
+#include "workspace/FocusRing.h"
+#include "workspace/Look.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace pulselark {
+
+namespace {
+
+constexpr int Padding = 12;
+constexpr int IconSize = 16;
+constexpr int IconGap = 8;
+constexpr int PlateHeight = 32;
+constexpr int PlateRadius = 6;
+constexpr QColor HoverText(0xE5, 0xE5, 0xDB);
+constexpr QColor PressedText(0xD2, 0xD2, 0xC8);
+
+} // namespace
+
+QsEntry::QsEntry(int index, Icon icon, QWidget* parent) : QAbstractButton(parent), icon_(icon) {
+    setObjectName(QString("labQSMenu%1").arg(index));
+    setFont(TextFont(13));
+    setFocusPolicy(Qt::TabFocus);
+    FocusRing::Of(window()).Watch(this, PlateRadius, Ground::Bar);
+}
+
+void QsEntry::SetCaption(const QString& caption) {
+    setText(caption);
+    setAccessibleName(caption);
+    setToolTip(caption);
+    update();
+}
+
+int QsEntry::WidthWith(bool words) const {
+    const int room = words ? IconGap + fontMetrics().horizontalAdvance(text()) : 0;
+    return 2 * Padding + IconSize + room;
+}
+
+void QsEntry::Place(int left, int barHeight, bool words) {
+    words_ = words;
+    const int high = std::min(PlateHeight, barHeight - 8);
+    setGeometry(left, (barHeight - high) / 2, WidthWith(words), high);
+    update();
+}
+
+void QsEntry::enterEvent(QEnterEvent* /*event*/) {
+    update();
+}
+
+void QsEntry::leaveEvent(QEvent* /*event*/) {
+    update();
+}
+
+void QsEntry::paintEvent(QPaintEvent* /*event*/) {
+    const SchemeLook& look = CurrentLook();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool lifted = isEnabled() && (underMouse() || isDown());
+    if (lifted) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(isDown() ? look.RaisedPressed : look.RaisedHover);
+        painter.drawRoundedRect(rect(), PlateRadius, PlateRadius);
+    }
+    const QColor ink = isDown() ? PressedText : lifted ? HoverText : look.BarText;
+    painter.setOpacity(isEnabled() ? 1 : 0.38);
+    PaintIcon(painter, icon_, QRectF(Padding, (height() - IconSize) / 2.0, IconSize, IconSize), ink);
+    if (!words_)
+        return;
+    painter.setPen(ink);
+    painter.drawText(rect().adjusted(Padding + IconSize + IconGap, 0, 0, 0),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
+}
+
+} // namespace pulselark

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "workspace/Icons.h"
+
+#include <QAbstractButton>
+
+namespace pulselark {
+
+/// An entry `labQSMenu` of the top bar: an icon and its words, on a plate under the pointer.
+class QsEntry final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    QsEntry(int index, Icon icon, QWidget* parent);
+
+    /// The words, also the entry's name; as a tool tip they tell what the icon alone stands for.
+    void SetCaption(const QString& caption);
+    /// Width in pixels with or without the words.
+    int WidthWith(bool words) const;
+    /// Takes its place in the middle of the bar, with or without its words.
+    void Place(int left, int barHeight, bool words);
+
+protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Icon icon_;
+    bool words_ = true;
+};
+
+} // namespace pulselark
