@@ -11,8 +11,6 @@ namespace pulselark {
 double QsCoherencePercent = 0;
 Integer ScanPeakA = 0;
 Integer ScanPeakB = 0;
-double SessionScore = 0;
-double DynamicIndex = 0;
 
 namespace {
 
@@ -74,7 +72,7 @@ Integer ScoreCoherenceBins() {
 }
 
 void ResetCoherenceBins() {
-    QsCoherencePercent = SessionScore = DynamicIndex = 0;
+    QsCoherencePercent = 0;
     ScanPeakA = ScanPeakB = 0;
 }
 

@@ -1,6 +1,5 @@
 #include "feedback/MidiChord.h"
 
-#include "analysis/CoherenceBins.h"
 #include "feedback/MIDI_CMD.h"
 #include "feedback/MIDI_OUT.h"
 #include "session/AnalysisBuffers.h"

@@ -1,5 +1,6 @@
 #include "workspace/frmReport.h"
 
+#include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
 #include "workspace/Look.h"
 #include "workspace/ReportParts.h"

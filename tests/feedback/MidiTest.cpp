@@ -1,4 +1,3 @@
-#include "analysis/CoherenceBins.h"
 #include "feedback/MIDI_CMD.h"
 #include "feedback/MIDI_OUT.h"
 #include "feedback/MidiChord.h"

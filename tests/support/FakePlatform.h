@@ -248,6 +248,7 @@ public:
         sheet.Draw(Page);
         bytes = "%PDF " + title;
         return PdfFailure;
+    }
 };
 
 /// Keeps every message. `Found` says whether there is a partner to take it.
