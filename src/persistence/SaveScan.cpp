@@ -7,7 +7,9 @@
 #include "quickscan/QsAnalysis.h"
 #include "quickscan/QuickScan.h"
 #include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
 
 namespace pulselark {
@@ -26,6 +28,10 @@ void SaveAs(void (*measure)(), std::string (*text)()) {
         return;
     LastSaveFolder = *chosen;
     RefreshSessionButtons(false);
+    std::string& lock = SessionInfo.back();
+    const std::string before = lock;
+    CollectReportFields();
+    lock = before; // only a session that is saved becomes a locked one
     measure();
     const Integer failure = WriteShown(*chosen, text);
     BringSceneryBack();

@@ -7,6 +7,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
 
@@ -25,9 +26,16 @@ void Tell(int text) {
     ThePlatform().Messages.Show(LanguageText(text), ButtonOK);
 }
 
+// A page that nobody sees is no page: its panel opens, in front.
+void ShowScanPanel() {
+    picModule[ScanPanelIndex].Visible = PanelVisible[ScanPanelIndex] = On;
+    BringPanelToFront(ScanPanelIndex);
+    OpenQuickScanPanel();
+}
+
 void FlipChannel() {
     QuickScanFresh = static_cast<Boolean>(~QuickScanFresh);
-    OpenQuickScanPanel();
+    ShowScanPanel();
     if (QuickScanFresh == Off && ChannelBPresent == Off)
         Tell(TextScanNoChannelB);
 }
@@ -56,7 +64,11 @@ void ResetQuickScan() {
     if (timQS.Enabled)
         StopCountdown();
     QuickScanResultShown = Off;
-    labQSMenu[0].Caption = LanguageText(TextQuickScan);
+    ShowScanCaption();
+}
+
+void ShowScanCaption() {
+    labQSMenu[0].Caption = LanguageText(QuickScanResultShown != Off ? TextScanFlipChannel : TextQuickScan);
 }
 
 void QsButtonClick(int index) {
@@ -105,8 +117,8 @@ void FinishQuickScan() {
     CohScoreBinsA.Fill(0);
     CohScoreBinsB.Fill(0);
     QuickScanResultShown = On;
-    OpenQuickScanPanel();
-    labQSMenu[0].Caption = LanguageText(TextScanFlipChannel);
+    ShowScanPanel();
+    ShowScanCaption();
 }
 
 void MeasureOtherChannel() {

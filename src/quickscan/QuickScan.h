@@ -12,6 +12,9 @@ extern Integer QsTickCount; ///< ticks of `timQS` since the scan began; start 0
 /// its first caption. Runs at the start of the program and of a session, and when a session has been loaded.
 void ResetQuickScan();
 
+/// Gives the scan's button the caption of its state, in the language in use.
+void ShowScanCaption();
+
 /// A click on entry `index` of `labQSMenu`. Entry 0: with a scan on show the page flips to the other channel;
 /// without, a session of more than 270 seconds is scanned, and for any other the user is told why not. A
 /// replay that runs is ended; a recording that runs is left alone and refuses the scan. Entry 1 prints.

@@ -6,6 +6,7 @@
 #include "analysis/InputCD.h"
 #include "analysis/SpectrumPanel.h"
 #include "persistence/Configuration.h"
+#include "quickscan/QsPage.h"
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/Settings.h"
@@ -30,12 +31,6 @@ bool IsPanel(int index) {
 
 PanelPlace& PanelAt(int index) {
     return picModule[static_cast<std::size_t>(index)];
-}
-
-void BringToFront(int index) {
-    const auto place = std::find(PanelOrder.begin(), PanelOrder.end(), index);
-    std::rotate(place, place + 1, PanelOrder.end());
-    ActivePanel = index;
 }
 
 // The lower limit first, then the upper one, then the grid.
@@ -96,7 +91,7 @@ bool LayoutMayChange() {
 void PressPanel(int index, double x, double y) {
     if (!IsPanel(index))
         return;
-    BringToFront(index);
+    BringPanelToFront(index);
     DragStartX = static_cast<float>(x);
     DragStartY = static_cast<float>(y);
 }
@@ -156,7 +151,7 @@ void ChooseNextPanel(int step) {
         index = index < 0 && step < 0 ? ModulePanelCount - 1
                                       : (index + step + ModulePanelCount) % ModulePanelCount;
         if (PanelAt(index).Visible != Off) {
-            BringToFront(index);
+            BringPanelToFront(index);
             return;
         }
     }
@@ -174,7 +169,7 @@ void ShowPanel(int index, bool shown) {
     PanelAt(index).Visible = ToBoolean(shown);
     PanelVisible[static_cast<std::size_t>(index)] = ToBoolean(shown);
     if (shown) {
-        BringToFront(index);
+        BringPanelToFront(index);
         OpenPanel(index);
     } else if (ActivePanel == index) {
         ActivePanel = -1;
@@ -200,7 +195,10 @@ void OpenPanel(int index) {
     case 4:
         OpenHrvPanel(true);
         break;
-    default: // the quick scan's page and the training panel are empty frames so far
+    case ScanPanelIndex:
+        OpenQuickScanPanel();
+        break;
+    default: // the training panel is an empty frame so far
         break;
     }
 }
@@ -236,7 +234,7 @@ void RestorePanelRect(int index) {
                                               frmCanvas.Height / 2, On};
     PanelAt(index).Visible = shown;
     OpenPanel(index);
-    BringToFront(index);
+    BringPanelToFront(index);
 }
 
 void ClearPanelRects() {
@@ -257,7 +255,7 @@ void EnlargePanel(int index) {
         panel.Width = frmCanvas.Width - 2 * Workspace.Gap;
         panel.Height = frmCanvas.Height - Workspace.TopBarHeight - Workspace.StatusHeight - 2 * Workspace.Gap;
         OpenPanel(index);
-        BringToFront(index);
+        BringPanelToFront(index);
     }
     KeepLayout();
 }

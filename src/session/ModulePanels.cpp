@@ -1,5 +1,6 @@
 #include "session/ModulePanels.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace pulselark {
@@ -26,6 +27,12 @@ constexpr std::array<PanelPlace, ModulePanelCount> BuiltIn{{{150, 600, 5100, 225
                                                             {6200, 1850, 4850, 7250, Off}}};
 
 } // namespace
+
+void BringPanelToFront(int index) {
+    const auto place = std::find(PanelOrder.begin(), PanelOrder.end(), index);
+    std::rotate(place, place + 1, PanelOrder.end());
+    ActivePanel = index;
+}
 
 void ResetModulePanels() {
     picModule = BuiltIn;

@@ -74,6 +74,11 @@ extern std::array<int, ModulePanelCount> PanelOrder;
 /// The panel that the keyboard moves, and that is worked in; -1 for none.
 extern int ActivePanel;
 
+inline constexpr int ScanPanelIndex = 5;
+
+/// Panel `index` becomes the foremost and the one that is worked in.
+void BringPanelToFront(int index);
+
 /// Puts the panels to their built-in places and empties what is remembered.
 void ResetModulePanels();
 

@@ -5,9 +5,11 @@
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
 #include "analysis/SpectrumPanel.h"
+#include "quickscan/QsPage.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/SessionTick.h"
 
@@ -30,6 +32,8 @@ void OpenAllPanels(bool force) {
     OpenCoherencePanel(true);
     OpenHistoryPanel(AnalysisSecond);
     OpenHrvPanel(true);
+    if (picModule[ScanPanelIndex].Visible != Off)
+        OpenQuickScanPanel();
 }
 
 } // namespace pulselark

@@ -8,6 +8,7 @@
 #include "analysis/SpectrumPanel.h"
 #include "feedback/SendAppData.h"
 #include "platform/Platform.h"
+#include "quickscan/QsPage.h"
 #include "session/LanguageTable.h"
 #include "session/Layout.h"
 #include "session/MainBuffers.h"
@@ -62,10 +63,10 @@ const std::array<Toggle, SettingToggleCount> Toggles{{
     {&AutoEndSession},
     {nullptr},
     {nullptr},
-    {&QsShowPie},
-    {&QsShowBands},
-    {&QsShowReference},
-    {&QsShowBpm},
+    {&QsShowPie, &OpenQuickScanPanel},
+    {&QsShowBands, &OpenQuickScanPanel},
+    {&QsShowReference, &OpenQuickScanPanel},
+    {&QsShowBpm, &OpenQuickScanPanel},
     {&SolidGraphs, &LayOutPanels},
     {&ShowHrvPower, &LayOutHrv},
 }};

@@ -3,6 +3,7 @@
 #include "feedback/PartnerTools.h"
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
+#include "persistence/SaveScan.h"
 #include "persistence/SaveScanPage.h"
 #include "persistence/SaveSession.h"
 #include "platform/Platform.h"
@@ -62,7 +63,7 @@ void MainMenus::BuildFileMenu() {
     Add(file_, TextMenuSessionDocument, "labSessionDocument", routines_.Document)
         ->setShortcut(QKeySequence("Ctrl+D"));
     file_->addSeparator();
-    AddGreyed(file_, TextMenuExportScan, "labExportScan");
+    export_ = AddCore(file_, TextMenuExportScan, "labExportScan", &ExportScan);
     print_ = AddCore(file_, TextMenuPrint, "labPrint", &QsPrint);
     print_->setShortcut(QKeySequence("Ctrl+Shift+P"));
     savePage_ = AddCore(file_, TextMenuSavePage, "labSavePage", &SaveScanPage);
@@ -111,6 +112,7 @@ void MainMenus::BuildHelpMenu() {
 void MainMenus::Mirror() {
     open_->setEnabled(!SessionBusy());
     save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
+    export_->setEnabled(!SessionBusy() && SessionSeconds > 0);
     for (QAction* page : {print_, savePage_})
         page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
 }

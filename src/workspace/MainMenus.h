@@ -65,6 +65,7 @@ private:
     QAction* open_ = nullptr;
     QAction* save_ = nullptr;
     QAction* print_ = nullptr;
+    QAction* export_ = nullptr;
     QAction* savePage_ = nullptr;
 };
 

@@ -16,8 +16,6 @@ constexpr int IconSize = 16;
 constexpr int IconGap = 8;
 constexpr int PlateHeight = 32;
 constexpr int PlateRadius = 6;
-constexpr QColor HoverText(0xE5, 0xE5, 0xDB);
-constexpr QColor PressedText(0xD2, 0xD2, 0xC8);
 
 } // namespace
 
@@ -26,6 +24,9 @@ QsEntry::QsEntry(int index, Icon icon, QWidget* parent) : QAbstractButton(parent
     setFont(TextFont(13));
     setFocusPolicy(Qt::TabFocus);
     FocusRing::Of(window()).Watch(this, PlateRadius, Ground::Bar);
+    connect(this, &QAbstractButton::pressed, this, [this] { emit Pointed(QsPointer::Pressed); });
+    connect(this, &QAbstractButton::released, this,
+            [this] { emit Pointed(underMouse() ? QsPointer::Over : QsPointer::Away); });
 }
 
 void QsEntry::SetCaption(const QString& caption) {
@@ -47,11 +48,21 @@ void QsEntry::Place(int left, int barHeight, bool words) {
     update();
 }
 
+void QsEntry::SetInk(const QColor& ink, bool resting) {
+    const QColor wanted = resting ? QColor() : ink;
+    if (wanted == ink_)
+        return;
+    ink_ = wanted;
+    update();
+}
+
 void QsEntry::enterEvent(QEnterEvent* /*event*/) {
+    emit Pointed(QsPointer::Over);
     update();
 }
 
 void QsEntry::leaveEvent(QEvent* /*event*/) {
+    emit Pointed(QsPointer::Away);
     update();
 }
 
@@ -65,7 +76,7 @@ void QsEntry::paintEvent(QPaintEvent* /*event*/) {
         painter.setBrush(isDown() ? look.RaisedPressed : look.RaisedHover);
         painter.drawRoundedRect(rect(), PlateRadius, PlateRadius);
     }
-    const QColor ink = isDown() ? PressedText : lifted ? HoverText : look.BarText;
+    const QColor ink = lifted && ink_.isValid() ? ink_ : look.BarText;
     painter.setOpacity(isEnabled() ? 1 : 0.38);
     PaintIcon(painter, icon_, QRectF(Padding, (height() - IconSize) / 2.0, IconSize, IconSize), ink);
     if (!words_)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "quickscan/QuickScan.h"
 #include "workspace/Icons.h"
 
 #include <QAbstractButton>
+#include <QColor>
 
 namespace pulselark {
 
@@ -20,6 +22,12 @@ public:
     /// Takes its place in the middle of the bar, with or without its words.
     void Place(int left, int barHeight, bool words);
 
+    /// The colour of its words; 0 is that of the bar.
+    void SetInk(const QColor& ink, bool resting);
+
+signals:
+    void Pointed(QsPointer pointer);
+
 protected:
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -28,6 +36,7 @@ protected:
 private:
     Icon icon_;
     bool words_ = true;
+    QColor ink_;
 };
 
 } // namespace pulselark

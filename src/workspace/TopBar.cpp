@@ -94,6 +94,11 @@ TopBar::TopBar(QWidget* parent)
             if (QsClicked)
                 QsClicked(i);
         });
+        connect(qsEntries_[static_cast<std::size_t>(i)], &QsEntry::Pointed, this,
+                [this, i](QsPointer pointer) {
+                    if (QsPointed)
+                        QsPointed(i, pointer);
+                });
     }
     Retranslate();
 }
@@ -233,6 +238,8 @@ void TopBar::Mirror() {
         qsEntries_[0]->SetCaption(entries[0]);
         qsEntries_[1]->SetCaption(entries[1]);
     }
+    for (std::size_t i = 0; i < qsEntries_.size(); ++i)
+        qsEntries_[i]->SetInk(ToQColor(labQSMenu[i].ForeColour), labQSMenu[i].ForeColour == 0);
     const QString dryTesting = QString::fromStdString(labDryTesting.Caption);
     const QString clock = ClockText(second);
     const QString length =

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "quickscan/QuickScan.h"
 #include "workspace/Icons.h"
 
 #include <QWidget>
@@ -30,6 +31,8 @@ public:
 
     /// Called with the index of the entry `labQSMenu` that was clicked: 0 quick scan, 1 print.
     std::function<void(int)> QsClicked;
+    /// What the pointer does on one of them.
+    std::function<void(int, QsPointer)> QsPointed;
 
     /// Takes over the sizes for the window's size and the colours of the scheme.
     void ApplyLook();

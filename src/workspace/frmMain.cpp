@@ -16,6 +16,7 @@
 #include "workspace/Look.h"
 #include "workspace/MainMenus.h"
 #include "workspace/ModuleDesk.h"
+#include "workspace/ScanPanel.h"
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
 #include "workspace/TopBar.h"
@@ -66,7 +67,8 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
     : platform_(platform), timers_(SessionTimers(), [this] { Mirror(); }), topBar_(new TopBar(this)),
       statusLine_(new StatusLine(this)), loading_(new QLabel(this)),
       desk_(new ModuleDesk(this, [this](const std::function<void()>& routine) { Do(routine); })),
-      panels_(new AnalysisPanels(*desk_, [this](const std::function<void()>& routine) { Do(routine); })) {
+      panels_(new AnalysisPanels(*desk_, [this](const std::function<void()>& routine) { Do(routine); })),
+      scan_(new ScanPanel(*desk_, [this](const std::function<void()>& routine) { Do(routine); })) {
     setObjectName("frmMain");
     version_ = version;
     setWindowTitle(ProgramTitle);
@@ -134,7 +136,8 @@ void frmMain::ApplyLanguage() {
     topBar_->Retranslate();
     desk_->Retranslate();
     panels_->Retranslate();
-    ResetQuickScan();
+    scan_->Retranslate();
+    ShowScanCaption();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     if (settings_ != nullptr)
         settings_->Retranslate();
@@ -167,12 +170,8 @@ void frmMain::OpenWaitingFile() {
 }
 
 void frmMain::ConnectTransport() {
-    topBar_->QsClicked = [this](int entry) {
-        Do([this, entry] {
-            if (QsButton)
-                QsButton(entry);
-        });
-    };
+    topBar_->QsClicked = [this](int entry) { Do([entry] { QsButtonClick(entry); }); };
+    topBar_->QsPointed = [this](int entry, QsPointer pointer) { Do([=] { QsButtonHover(entry, pointer); }); };
     const auto connectHover = [this](TransportButton* button, PictureButton& picture) {
         connect(button, &TransportButton::Hovered, this,
                 [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
@@ -194,6 +193,7 @@ void frmMain::Mirror() {
     topBar_->Mirror();
     statusLine_->Mirror();
     panels_->Mirror();
+    scan_->Mirror();
     menus_->Mirror();
     if (settings_ != nullptr && settings_->isVisible())
         settings_->ShowMarks();

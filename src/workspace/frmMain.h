@@ -14,6 +14,7 @@ namespace pulselark {
 
 class AnalysisPanels;
 class ModuleDesk;
+class ScanPanel;
 class StatusLine;
 class TopBar;
 class WindowPlatform;
@@ -34,9 +35,6 @@ public:
     /// `version` is what the about box says.
     explicit frmMain(WindowPlatform& platform, const QString& version = QString());
     ~frmMain() override;
-
-    /// What a click on the entry 0 (quick scan) or 1 (print) of the top bar does; nothing until it is set.
-    std::function<void(int)> QsButton;
 
     /// Shows what the core has set, and lets its timers run as it wants them.
     void Mirror();
@@ -80,6 +78,7 @@ private:
     QLabel* loading_;
     ModuleDesk* desk_;
     AnalysisPanels* panels_;
+    ScanPanel* scan_;
     MainMenus* menus_ = nullptr;
     QPointer<frmSettings> settings_;
     QPointer<frmLanguage> language_;

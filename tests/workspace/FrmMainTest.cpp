@@ -6,6 +6,7 @@
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
 #include "session/Replay.h"
+#include "session/SettingsActions.h"
 #include "workspace/WindowTest.h"
 
 #include <QAbstractButton>
@@ -285,8 +286,6 @@ TEST_F(FrmMain, ChoicesOfTheViewMenuShowAtOnce) {
 
 TEST_F(FrmMain, EntriesOfTheTopBarKeepTheirIconsWhereThereIsNoRoomForWords) {
     OpenDemo();
-    std::vector<int> clicked;
-    Main->QsButton = [&clicked](int entry) { clicked.push_back(entry); };
     const QWidget* scan = Find("labQSMenu0");
     const QWidget* print = Find("labQSMenu1");
     const int wide = print->width();
@@ -295,15 +294,34 @@ TEST_F(FrmMain, EntriesOfTheTopBarKeepTheirIconsWhereThereIsNoRoomForWords) {
     EXPECT_EQ(print->toolTip().toStdString(), LanguageText(TextPrint));
     EXPECT_GT(scan->x(), Find("picStop")->geometry().right());
     EXPECT_LE(scan->geometry().right(), print->x());
-    for (const char* entry : {"labQSMenu1", "labQSMenu0"})
-        QTest::mouseClick(Find(entry), Qt::LeftButton);
-    EXPECT_EQ(clicked, (std::vector<int>{1, 0}));
     labQSMenu[0].Caption = "A / B";
     Main->resize(1280, 800);
     Main->Mirror();
     EXPECT_EQ(print->width(), wide);
     EXPECT_EQ(scan->accessibleName(), "A / B");
     EXPECT_LE(scan->geometry().right(), print->x());
+}
+
+TEST_F(FrmMain, AScanOpensItsPageAndFlipsChannels) {
+    OpenDemo();
+    QWidget* module = Find("picModule5");
+    EXPECT_FALSE(module->isVisible());
+    QTest::mouseMove(Find("labQSMenu0"));
+    EXPECT_EQ(labQSMenu[0].ForeColour, 0xDBE5E5U);
+    QTest::mouseClick(Find("labQSMenu0"), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitFor([] { return QuickScanResultShown != Off; }, 10000));
+    EXPECT_TRUE(module->isVisible());
+    const QImage pageA = Find("picQS")->grab().toImage();
+    EXPECT_GT(qGray(pageA.pixel(4, 4)), 240); // paper in every scheme
+    QTest::mouseClick(Find("labQSMenu0"), Qt::LeftButton);
+    EXPECT_EQ(QuickScanFresh, Off);
+    const QImage pageB = Find("picQS")->grab().toImage();
+    EXPECT_NE(pageA, pageB);
+    ToggleSetting(18); // the average rate
+    Main->Mirror();
+    EXPECT_NE(Find("picQS")->grab().toImage(), pageB);
+    OpenDemo();
+    EXPECT_EQ(QuickScanResultShown, Off);
 }
 
 TEST_F(FrmMain, AModuleThrowsItsShadowOnTheOneBelow) {
