@@ -58,8 +58,9 @@ void ModuleFrame::LayOut(int titleHeight, bool channelBPresent) {
     title_->setGeometry(1, 1, width() - 2, titleHeight - 1);
     for (PanelSizer* sizer : sizers_)
         sizer->Place(size());
-    const auto [first, second] = PanelPlaces(width() * TwipsPerPixel, height() * TwipsPerPixel,
-                                             titleHeight * TwipsPerPixel, channelBPresent);
+    const bool both = channelBPresent && panelB_ != nullptr;
+    const auto [first, second] =
+        PanelPlaces(width() * TwipsPerPixel, height() * TwipsPerPixel, titleHeight * TwipsPerPixel, both);
     if (panelA_ != nullptr)
         panelA_->Place(ToPixels(first), true);
     if (panelB_ != nullptr)
