@@ -10,5 +10,7 @@ void SendAppCommand(int command, double p1, double p2, double p3, double p4);
 void SendAppArray(int kind);
 /// The coherence of the second.
 void SendCoherenceValue();
+/// The value of the mode for the second.
+void SendFeedbackValue();
 
 } // namespace pulselark

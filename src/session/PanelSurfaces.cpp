@@ -16,10 +16,13 @@ Surface* picHisA = &NoSurface();
 Surface* picHisB = &NoSurface();
 Surface* picHRVPowerA = &NoSurface();
 Surface* picHRVPowerB = &NoSurface();
+Surface* picGGZ = &NoSurface();
+Surface* picSD = &NoSurface();
+Surface* picBWave = &NoSurface();
 
 void ResetPanelSurfaces() {
     for (Surface** panel : {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA,
-                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB})
+                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB, &picGGZ, &picSD, &picBWave})
         *panel = &NoSurface();
 }
 

@@ -1,5 +1,6 @@
 #include "session/Replay.h"
 
+#include "feedback/ModeSelector.h"
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
@@ -60,6 +61,7 @@ void EndReplay() {
 void ReplayTick() {
     if (SessionTick >= SessionSeconds) {
         EndReplay();
+        EndModes();
         return;
     }
     RunSessionTick();
@@ -87,6 +89,7 @@ void ReleaseStopButton() {
     SessionTick = 1;
     RefreshSessionButtons(false);
     labBFStart.Visible = false;
+    EndModes();
     if (FeedbackFromReplay())
         StopMusicAndScenery();
 }

@@ -6,6 +6,10 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/Pacer.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "persistence/LanguagePack.h"
@@ -86,6 +90,10 @@ void InitApplication(bool readSettings) {
     ResetMainControls();
     ResetSettings();
     ResetModulePanels();
+    ResetTraining();
+    ResetModeSelector();
+    ResetPacer();
+    ResetMusic();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;
@@ -101,6 +109,7 @@ void InitApplication(bool readSettings) {
     ResetQuickScan();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     ChannelBPresent = ToBoolean(ChannelMode == 1);
+    SetModeTips();
     RefreshSessionButtons(true);
 }
 

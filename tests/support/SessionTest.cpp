@@ -8,6 +8,10 @@
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/Pacer.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
@@ -43,6 +47,10 @@ void PutEverythingBack() {
     ResetHistoryDisplay();
     ResetSettings();
     ResetModulePanels();
+    ResetTraining();
+    ResetModeSelector();
+    ResetPacer();
+    ResetMusic();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;

@@ -1,0 +1,4 @@
+#include "feedback/Scenery.h"
+namespace pulselark {
+void SendSceneryState(bool /*keepScene*/) {}
+} // namespace pulselark

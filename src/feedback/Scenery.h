@@ -1,0 +1,4 @@
+#pragma once
+namespace pulselark {
+void SendSceneryState(bool keepScene);
+} // namespace pulselark
