@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/system/ProcessPriority.h"
 #include "session/MainBuffers.h"
+#include "session/Training.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 #include "workspace/frmViewMenu.h"
@@ -64,7 +65,9 @@ void MainMenus::BuildFileMenu() {
     file_->addSeparator();
     AddCore(file_, TextMenuLoadConfig, "labLoadConfig", [] { LoadConfig(ChosenConfig); });
     AddCore(file_, TextMenuSaveConfig, "labSaveConfig", [] { SaveConfig(ChosenConfig); });
-    AddGreyed(file_, TextMenuTraining, "labTraining");
+    training_ = AddCore(file_, TextMenuTraining, "labTraining",
+                        [] { TrainingActive != Off ? LeaveTrainingToDefault() : EnterTraining(); });
+    training_->setShortcut(QKeySequence("Ctrl+T"));
     file_->addSeparator();
     Add(file_, TextMenuExit, "labExit", routines_.Exit)->setShortcut(QKeySequence("Ctrl+Q"));
 }
@@ -104,6 +107,8 @@ void MainMenus::BuildHelpMenu() {
 void MainMenus::Mirror() {
     open_->setEnabled(!SessionBusy());
     save_->setEnabled(!SessionBusy() && SessionSeconds > 0);
+    training_->setEnabled(!SessionBusy() && SessionRunning == Off);
+    training_->setText(Text(TrainingActive != Off ? TextMenuLeaveTraining : TextMenuTraining));
 }
 
 void MainMenus::ApplyLook() {

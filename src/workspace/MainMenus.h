@@ -64,6 +64,7 @@ private:
     QActionGroup* priorities_ = nullptr;
     QAction* open_ = nullptr;
     QAction* save_ = nullptr;
+    QAction* training_ = nullptr;
 };
 
 } // namespace pulselark

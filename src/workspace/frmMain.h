@@ -16,6 +16,7 @@ class AnalysisPanels;
 class ModuleDesk;
 class StatusLine;
 class TopBar;
+class TrainingView;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
@@ -76,6 +77,7 @@ private:
     QLabel* loading_;
     ModuleDesk* desk_;
     AnalysisPanels* panels_;
+    TrainingView* training_;
     MainMenus* menus_ = nullptr;
     QPointer<frmSettings> settings_;
     QPointer<frmLanguage> language_;

@@ -12,8 +12,10 @@
 #include "platform/qt/QtColour.h"
 #include "session/Controls.h"
 #include "session/Layout.h"
+#include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/Settings.h"
+#include "session/Training.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 
@@ -109,6 +111,7 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
     setObjectName("frmViewMenu");
     setAttribute(Qt::WA_TranslucentBackground);
     AddPanels();
+    AddMainView();
     addSeparator();
     AddLayout();
     addSeparator();
@@ -159,6 +162,12 @@ void frmViewMenu::AddPanels() {
         action->setCheckable(true);
         marks_.append([action, shown] { action->setChecked(shown()); });
     }
+}
+
+// From the training back to the panels.
+void frmViewMenu::AddMainView() {
+    QAction* action = AddEntry(this, TextMenuMainView, "labMainView", [] { LeaveTraining(); });
+    marks_.append([action] { action->setEnabled(TrainingActive != Off); });
 }
 
 void frmViewMenu::AddLayout() {

@@ -24,6 +24,7 @@ public:
 
 private:
     void AddPanels();
+    void AddMainView();
     void AddLayout();
     void AddColourSets();
     void AddHistoryStyles();

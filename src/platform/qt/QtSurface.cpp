@@ -136,6 +136,15 @@ void QtSurface::StorePicture(const Surface& source) {
     }
 }
 
+void QtSurface::StoreImage(const QImage& picture) {
+    if (Empty())
+        return;
+    EndPainting();
+    stored_ = picture.convertToFormat(QImage::Format_RGB32);
+    stored_.setDevicePixelRatio(density_);
+    image_ = stored_;
+}
+
 double QtSurface::TextWidth(std::string_view text) const {
     return QFontMetricsF(font_).horizontalAdvance(Text(text));
 }
