@@ -21,6 +21,16 @@ std::string HelpText() {
            "                                           the workspace as it looks at second S; the least size "
            "is\n"
            "                                           800x600\n"
+           "  pulselark scan FILE.hti... [--training] [--channel A|B] [--language N] [--smoothing 0..16]\n"
+           "                                           writes the figures of the quick scan, a line of JSON "
+           "for "
+           "each\n"
+           "                                           file; with one file also, for its channel:\n"
+           "       [--plx OUT.plx] [--pdf OUT.pdf] [--png OUT.png]\n"
+           "                                           the scan file (with --training in the training's "
+           "form), "
+           "the\n"
+           "                                           page to print and its picture\n"
            "  pulselark --help | --version\n"
            "\n"
            "For the window:\n"
@@ -29,7 +39,7 @@ std::string HelpText() {
            "  --picture FILE.png                       with --full-speed: leaves a picture of the workspace\n"
            "\n"
            "Exit codes: 0 success, 1 a failure (one line on standard error says what and where), 2 wrong "
-           "usage.\n";
+           "usage, 3 a session too short for a scan.\n";
 }
 
 int Complain(const std::string& text, int exitCode) {

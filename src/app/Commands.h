@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Numbers.h"
+
 #include <span>
 #include <string>
 
@@ -11,6 +13,7 @@ namespace pulselark {
 inline constexpr int ExitSuccess = 0;
 inline constexpr int ExitFailure = 1;
 inline constexpr int ExitUsage = 2;
+inline constexpr int ExitTooShort = 3; ///< a session that is too short for a quick scan
 
 using Arguments = std::span<const std::string>;
 
@@ -19,6 +22,21 @@ int RunAnalyse(Arguments arguments);
 
 /// `resave IN.hti OUT.hti`
 int RunResave(Arguments arguments);
+
+/// Write the page of the quick scan that is on show, whole or not at all; 0 or the failure's number. They
+/// need a toolkit, which the command itself does not.
+using PageWriter = Integer (*)(const std::string& name);
+struct PageWriters {
+    PageWriter Picture = nullptr; ///< PNG
+    PageWriter Paper = nullptr;   ///< PDF
+};
+
+/// `scan FILE.hti... [--training] [--plx OUT.plx] [--pdf OUT.pdf] [--png OUT.png] [--channel A|B] [--language
+/// N]
+/// [--smoothing W]`: the figures of the quick scan, one line of JSON for each file. A file that fails is told
+/// and the rest goes on; the exit code is that of the first file that failed, or 1 if any was worse than too
+/// short.
+int RunScan(Arguments arguments, const PageWriters& writers);
 
 /// Text of --help.
 std::string HelpText();

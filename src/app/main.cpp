@@ -1,6 +1,7 @@
 #include "app/Commands.h"
 #include "app/Picture.h"
 #include "app/RunWindow.h"
+#include "app/ScanPages.h"
 #include "platform/system/DisplayAnswers.h"
 
 #include <algorithm>
@@ -53,6 +54,9 @@ int main(int argc, char** argv) {
 
     if (first == "picture")
         return RunPicture(argc, argv, Arguments(arguments).subspan(1));
+
+    if (first == "scan")
+        return RunScan(Arguments(arguments).subspan(1), PagesOfToolkit(argc, argv));
 
     auto options = ParseWindowOptions(arguments);
     if (!options)

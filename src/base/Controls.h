@@ -28,6 +28,16 @@ struct PictureButton {
     Integer Frame = 0;
 };
 
+/// A control that lies on the quick scan's page. Place and size in the page's units, y upwards, `Bottom` its
+/// lower edge.
+struct PageControl {
+    bool Visible = false;
+    double Left = 0;
+    double Bottom = 0;
+    double Width = 0;
+    double Height = 0;
+};
+
 /// A timer of the user-interface thread. Whoever runs the timers calls `Handler` each time `Interval`
 /// milliseconds have passed while `Enabled` is set; a one-shot timer disables itself in its handler.
 struct Timer {

@@ -8,14 +8,19 @@ namespace pulselark {
 
 namespace {
 
-// One plan for each of the three lengths, kept for the whole run: a plan belongs to the process and is
+// One plan for each length, kept for the whole run: a plan belongs to the process and is
 // released with it.
 struct PlanForLength {
     Long Length;
     fftwf_plan Plan;
 };
-constexpr Long LongestTransform = 1024;
-std::array<PlanForLength, 3> plans{{{LongestTransform, nullptr}, {512, nullptr}, {256, nullptr}}};
+constexpr Long LongestTransform = 4096;
+std::array<PlanForLength, 6> plans{{{1024, nullptr},
+                                    {512, nullptr},
+                                    {256, nullptr},
+                                    {LongestTransform, nullptr},
+                                    {2048, nullptr},
+                                    {128, nullptr}}};
 
 fftwf_plan PlanFor(Long length, float* in, fftwf_complex* pairs) {
     for (PlanForLength& entry : plans) {

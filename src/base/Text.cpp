@@ -148,4 +148,12 @@ char* WriteDouble(char* out, double value) {
     return Write(out, out + LongestDouble, value, 999999999999999.0);
 }
 
+std::string FixedText(double value, int decimals) {
+    constexpr std::size_t LongestFixed = 400; // 309 digits before the point
+    char digits[LongestFixed];
+    const auto result = std::to_chars(digits, digits + LongestFixed, std::isfinite(value) ? value : 0,
+                                      std::chars_format::fixed, decimals);
+    return {digits, result.ptr};
+}
+
 } // namespace pulselark

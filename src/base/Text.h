@@ -30,6 +30,9 @@ std::string OneDecimal(double value);
 /// The number in decimal.
 void AppendLong(std::string& text, Long value);
 
+/// The value with so many decimals and a point, as in "0.85"; "0" with decimals for what is no number.
+std::string FixedText(double value, int decimals);
+
 /// The whole text as a decimal number; blanks around it are allowed, the locale has no say. A leading plus, a
 /// missing zero before the point and an exponent form are accepted; "inf" and "nan" are not numbers.
 /// Failures: 13 if the text is anything else (the empty text too), 6 if the number does not fit.

@@ -8,9 +8,6 @@
 /// that a well-trained heart fills.
 namespace pulselark {
 
-extern double SessionScore; ///< score of the session so far, whole, 0 to 100; start 0
-extern double DynamicIndex; ///< score of the sliding window, whole, 0 to 100; start 0
-
 /// The scores in figures: 0 the session's, 1 the index, which is empty in every mode but 3.
 extern std::array<Label, 2> labDI;
 

@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace pulselark {
 
@@ -11,6 +12,21 @@ namespace pulselark {
 struct PanelPoint {
     double X;
     double Y;
+};
+
+/// How a line of the page's drawing is drawn: colour, and width in panel units, which may be a fraction.
+struct Pen {
+    Colour Ink;
+    double Width = 1;
+};
+
+/// A part of a circle: centre and radius in panel units, angles in radians from the positive x axis, growing
+/// counterclockwise (y is upwards). It runs from `Start` to `End`, counterclockwise if End is the greater
+/// one, else clockwise; more than one turn is one turn.
+struct CircleArc {
+    PanelPoint Centre;
+    double Radius;
+    double Start, End;
 };
 
 /// What every analysis panel, and the report, is drawn on. The origin is at the lower left and y grows
@@ -65,7 +81,32 @@ public:
     virtual void FloodFill(int x, int y, Colour borderColour) = 0;
     /// Paints a picture scaled into the box whose lower left corner is (x, y).
     virtual void StretchImage(const Image& image, double x, double y, double width, double height) = 0;
+
+    // Shapes and text of pages, sharp at any size and on paper. They take their colours as arguments, and
+    // `Print` after `SetPageFont` keeps the foreground colour exactly.
+
+    /// A font by its height in panel units, which may be a fraction (the size that type designers mean: a
+    /// line of text is this high, capitals about 0.7 of it), and its weight, 400, 500 or 700. Holds for texts
+    /// and their measures until the next `SetFont` or `SetPageFont`. Widths grow exactly with the height.
+    virtual void SetPageFont(double height, int weight) = 0;
+    /// Lines through all the points in their order, with round joins and ends, in their true width.
+    virtual void Stroke(std::span<const PanelPoint> points, const Pen& pen) = 0;
+    /// The area within the points, closed by itself, without an outline.
+    virtual void FilledArea(std::span<const PanelPoint> points, Colour fill) = 0;
+    /// A box filled with a vertical gradient, linear in sRGB.
+    virtual void GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) = 0;
+    /// Part of a circle as a line; by default a stroke of short lines, less than 0.02 units off the circle.
+    virtual void Arc(const CircleArc& arc, const Pen& pen);
+    /// The area between a part of a circle and its centre; by default an area with such a border.
+    virtual void Sector(const CircleArc& arc, Colour fill);
+    /// A filled box with a frame; `radius` rounds its corners. By default an area and a stroke.
+    virtual void FramedBox(double x1, double y1, double x2, double y2, double radius, Colour fill,
+                           const Pen& frame);
 };
+
+/// The points of an arc, from its start to its end, less than 0.02 units off the circle; appended to
+/// `points`.
+void AppendArc(const CircleArc& arc, std::vector<PanelPoint>& points);
 
 /// The surface of a panel that no window shows: size 0, nothing is drawn.
 Surface& NoSurface();

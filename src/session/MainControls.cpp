@@ -9,6 +9,7 @@ Label labChannelMode, labLoading;
 CaptionLabel labBPMA, labBPMB, labLeftS, labRightS, labLeftGC, labRightGC, labLeftHRV, labRightHRV;
 std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 std::array<Label, 2> labQSMenu;
+PageControl picSliderAv, picAvUp, picAvDown;
 
 PictureButton picStartSmp, picReplay, picStop;
 
@@ -24,13 +25,15 @@ Timer timLoadingProgress{"timLoadingProgress", 250, true};
 Timer timStartUp{"timStartUp", 100};
 Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
+Timer timQS{"timQS", 100};
 
 namespace {
 
 constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
                                &timLedBlink,    &timPause,       &timBlockMovieCommands,
                                &timPlayerCheck, &timABMode,      &timLoadingProgress,
-                               &timStartUp,     &timShowModules, &timPrintFirst};
+                               &timStartUp,     &timShowModules, &timPrintFirst,
+                               &timQS};
 
 } // namespace
 
@@ -46,6 +49,8 @@ void ResetMainControls() {
          {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,
           &labLeftHis[0], &labLeftHis[1], &labLeftHis[2], &labRightHis[0], &labRightHis[1], &labRightHis[2]})
         *label = CaptionLabel{};
+    for (PageControl* control : {&picSliderAv, &picAvUp, &picAvDown})
+        *control = PageControl{};
     for (Timer* timer : AllTimers)
         timer->Enabled = false;
     timLoadingProgress.Enabled = true;

@@ -24,6 +24,10 @@ extern Label labDryTesting;                ///< that sessions run without a moni
 extern Label labChannelMode;               ///< the channel mode in words (the settings' channel action)
 extern std::array<Label, 2> labQSMenu;     ///< 0 the quick scan's button, 1 the print button
 
+extern PageControl picSliderAv; ///< the smoothing slider of the quick scan's spectrum
+extern PageControl picAvUp;     ///< its buttons: more smoothing
+extern PageControl picAvDown;   ///< and less
+
 // Buttons of the top bar, by the frame of their strip.
 extern PictureButton picStartSmp; ///< record: frame of the colour scheme's row
 extern PictureButton picReplay;
@@ -56,6 +60,7 @@ extern Timer timLoadingProgress;    ///< animates the "loading" label during sta
 extern Timer timStartUp;            ///< second stage of start-up
 extern Timer timShowModules;        ///< third stage of start-up
 extern Timer timPrintFirst;         ///< first paint of all panels
+extern Timer timQS;                 ///< the countdown of a quick scan
 
 inline constexpr Long ReplayInterval = 1000;
 inline constexpr Long TimeLapseInterval = 37500;

@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "feedback/WMPPlay.h"
+#include "quickscan/QuickScan.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -84,6 +85,7 @@ void InstallTimerHandlers() {
     timLoadingProgress.Handler = &LoadingTick;
     timPause.Handler = &PauseTick;
     timBlockMovieCommands.Handler = &UnblockTick;
+    timQS.Handler = &QsTimerTick;
 }
 
 } // namespace pulselark

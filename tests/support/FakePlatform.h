@@ -18,6 +18,8 @@ public:
     std::int64_t Now = 0;
     std::int64_t PerReading = 0; ///< each reading takes this long
     std::int64_t Milliseconds() override { return Now += PerReading; }
+    std::string Today = "21/11/2026";
+    std::string ShortDate() override { return Today; }
 };
 
 /// Files in memory. `ReadFailure` and `WriteFailure` fail every call; `DiskSize` lets a write fail after so

@@ -9,13 +9,15 @@
 namespace pulselark {
 
 /// A surface that keeps the list of what was drawn on it. Texts are 6 units a character wide and 12 high,
-/// whatever the font.
+/// whatever the font of a panel; those of a page are as high as their font, each character half as wide.
 class RecordingSurface final : public Surface {
 public:
     struct Text {
         double X, Y;
         std::string Value, Font;
         Colour Ink = 0;
+        double Height = 0; ///< of a page's font; 0 for a panel's
+        int Weight = 0;
         bool operator==(const Text& other) const { // wherever a test compares whole texts, the ink is its own
             return X == other.X && Y == other.Y && Value == other.Value && Font == other.Font;
         }
@@ -42,6 +44,14 @@ public:
         bool operator==(const Fill&) const = default;
     };
 
+    struct Shape { ///< of a page; which members count is told by `Kind`, the letter in `Order`
+        char Kind;
+        std::vector<PanelPoint> Points; ///< of a box its lower left and upper right corner
+        Colour Fill = 0;                ///< of a gradient its top
+        Pen Line{0};                    ///< of a gradient the ink is its bottom
+        CircleArc Circle{};
+    };
+
     RecordingSurface(double width, double height) : width_(width), height_(height) {}
 
     std::vector<Text> Texts;
@@ -49,7 +59,10 @@ public:
     std::vector<Trace> Traces;
     std::vector<Box> Boxes;
     std::vector<Fill> Fills;
-    std::string Order; ///< each drawing by a letter: t(ext) l(ine) c(urve) b(ox) f(ill)
+    std::vector<Shape> Shapes;
+    /// Each drawing by a letter: t(ext) l(ine) c(urve) b(ox) f(ill); s(troke) a(rea) g(radient) o (arc)
+    /// v (sector) x (framed box)
+    std::string Order;
     std::string Calls; ///< each call that is no drawing, by its first letter: C(lear) R(efresh) ...
     std::function<void()> OnWipe; ///< runs when a new picture begins
 
@@ -59,6 +72,7 @@ public:
         Traces.clear();
         Boxes.clear();
         Fills.clear();
+        Shapes.clear();
         Order.clear();
         Calls.clear();
     }
@@ -74,9 +88,15 @@ public:
     void Clear() override { Wipe('C'); }
     void Refresh() override { Wipe('R'); }
     void StorePicture(const Surface& /*source*/) override { Calls += 'S'; }
-    double TextWidth(std::string_view text) const override { return 6.0 * static_cast<double>(text.size()); }
-    double TextHeight(std::string_view /*text*/) const override { return 12; }
-    void SetFont(std::string_view name, int /*size*/, bool /*bold*/) override { font_ = name; }
+    double TextWidth(std::string_view text) const override {
+        return (pageHeight_ > 0 ? pageHeight_ / 2 : 6.0) * static_cast<double>(text.size());
+    }
+    double TextHeight(std::string_view /*text*/) const override { return pageHeight_ > 0 ? pageHeight_ : 12; }
+    void SetFont(std::string_view name, int /*size*/, bool /*bold*/) override {
+        font_ = name;
+        pageHeight_ = 0;
+        weight_ = 0;
+    }
     void SetDrawWidth(int width) override { drawWidth_ = width; }
     void SetForeColour(Colour colour) override { foreColour_ = colour; }
     Colour ForeColour() const override { return foreColour_; }
@@ -95,7 +115,7 @@ public:
         Order += 'b';
     }
     void Print(double x, double y, std::string_view text) override {
-        Texts.push_back({x, y, std::string(text), font_, foreColour_});
+        Texts.push_back({x, y, std::string(text), font_, foreColour_, pageHeight_, weight_});
         Order += 't';
     }
     void FloodFill(int x, int y, Colour borderColour) override {
@@ -103,8 +123,31 @@ public:
         Order += 'f';
     }
     void StretchImage(const Image&, double, double, double, double) override { Calls += 'I'; }
+    void SetPageFont(double height, int weight) override {
+        pageHeight_ = height;
+        weight_ = weight;
+    }
+    void Stroke(std::span<const PanelPoint> points, const Pen& pen) override {
+        Add({'s', {points.begin(), points.end()}, 0, pen});
+    }
+    void FilledArea(std::span<const PanelPoint> points, Colour fill) override {
+        Add({'a', {points.begin(), points.end()}, fill});
+    }
+    void GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) override {
+        Add({'g', {{x1, y1}, {x2, y2}}, top, {bottom}});
+    }
+    void Arc(const CircleArc& arc, const Pen& pen) override { Add({'o', {}, 0, pen, arc}); }
+    void Sector(const CircleArc& arc, Colour fill) override { Add({'v', {}, fill, {0}, arc}); }
+    void FramedBox(double x1, double y1, double x2, double y2, double /*radius*/, Colour fill,
+                   const Pen& frame) override {
+        Add({'x', {{x1, y1}, {x2, y2}}, fill, frame});
+    }
 
 private:
+    void Add(Shape shape) {
+        Order += shape.Kind;
+        Shapes.push_back(std::move(shape));
+    }
     void Wipe(char call) {
         Calls += call;
         if (OnWipe)
@@ -117,6 +160,8 @@ private:
     Colour foreColour_ = 0;
     Colour fillColour_ = 0;
     std::string font_;
+    double pageHeight_ = 0;
+    int weight_ = 0;
 };
 
 } // namespace pulselark

@@ -1,5 +1,6 @@
 #include "support/SessionTest.h"
 
+#include "analysis/CoherenceBins.h"
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
@@ -15,6 +16,9 @@
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
+#include "quickscan/QsAnalysis.h"
+#include "quickscan/QsPrint.h"
+#include "quickscan/QuickScan.h"
 #include "session/AnalysisBuffers.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -46,6 +50,10 @@ void PutEverythingBack() {
     ResetHrvDisplay();
     ResetHistoryDisplay();
     ResetSettings();
+    ResetCoherenceBins();
+    ResetQsAnalysis();
+    QsTickCount = 0;
+    PrintOnePage = nullptr;
     ResetModulePanels();
     ResetTraining();
     ResetModeSelector();

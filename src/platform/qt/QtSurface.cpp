@@ -146,15 +146,20 @@ void QtSurface::StoreImage(const QImage& picture) {
 }
 
 double QtSurface::TextWidth(std::string_view text) const {
+    if (pageFont_.Height > 0)
+        return pageFont_.Width(Text(text));
     return QFontMetricsF(font_).horizontalAdvance(Text(text));
 }
 
 double QtSurface::TextHeight(std::string_view /*text*/) const {
+    if (pageFont_.Height > 0)
+        return pageFont_.Height;
     return font_.pixelSize() + LineSpace;
 }
 
 void QtSurface::SetFont(std::string_view name, int size, bool bold) {
     font_ = PanelFont(name, size, bold);
+    pageFont_ = {};
 }
 
 void QtSurface::GridLine(double x1, double y1, double x2, double y2, Colour colour) {
@@ -233,6 +238,10 @@ Colour QtSurface::Ink(Colour colour) {
 void QtSurface::Print(double x, double y, std::string_view text) {
     if (Empty())
         return;
+    if (pageFont_.Height > 0) {
+        PrintPageText(x, y, text);
+        return;
+    }
     QPainter& painter = Painter();
     painter.setFont(font_);
     // The figures stand in the middle of their line's height.

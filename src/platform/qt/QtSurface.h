@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Surface.h"
+#include "platform/qt/QtSurfaceShapes.h"
 
 #include <QFont>
 #include <QImage>
@@ -57,6 +58,12 @@ public:
     void FloodFill(int x, int y, Colour borderColour) override;
     void StretchImage(const Image& image, double x, double y, double width, double height) override;
 
+    // Shapes and text of pages: QtSurfaceShapes.cpp.
+    void SetPageFont(double height, int weight) override;
+    void Stroke(std::span<const PanelPoint> points, const Pen& pen) override;
+    void FilledArea(std::span<const PanelPoint> points, Colour fill) override;
+    void GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) override;
+
 private:
     QPainter& Painter();
     void EndPainting() const;
@@ -64,6 +71,7 @@ private:
     QPointF ToDevice(double x, double y) const { return {x, height_ - y}; }
     void GridLine(double x1, double y1, double x2, double y2, Colour colour);
     Colour Ink(Colour colour);
+    void PrintPageText(double x, double y, std::string_view text);
     void NoteBackdrop(const Image& image);
     bool FillOutline(Colour borderColour);
     void FillPixels(int x, int y, Colour borderColour);
@@ -76,6 +84,7 @@ private:
     Colour foreColour_ = 0;
     Colour fillColour_ = 0;
     QFont font_ = PanelFont("MS Sans Serif", 8, false);
+    PageFont pageFont_; // of height 0 while a font of the panels holds
     QImage image_;
     QImage stored_;
     mutable std::unique_ptr<QPainter> painter_;

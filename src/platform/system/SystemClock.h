@@ -4,10 +4,11 @@
 
 namespace pulselark {
 
-/// The system's monotonic clock.
+/// The system's monotonic clock, and its local date.
 class SystemClock final : public Clock {
 public:
     std::int64_t Milliseconds() override;
+    std::string ShortDate() override;
 };
 
 } // namespace pulselark

@@ -1,0 +1,125 @@
+#include "platform/qt/QtSurfaceShapes.h"
+
+#include "platform/qt/QtColour.h"
+#include "platform/qt/QtFonts.h"
+#include "platform/qt/QtSurface.h"
+
+#include <QFontMetricsF>
+#include <QLinearGradient>
+
+#include <map>
+
+namespace pulselark {
+
+namespace {
+
+constexpr int DrawnSize = 100; // px of the font that all heights are scaled from
+
+struct ScaledFont {
+    QFont Font;
+    QFontMetricsF Metrics;
+};
+
+const ScaledFont& FontOfWeight(int weight) {
+    static std::map<int, ScaledFont> known;
+    const auto found = known.find(weight);
+    if (found != known.end())
+        return found->second;
+    QFont font(FontFamilies());
+    font.setPixelSize(DrawnSize);
+    font.setWeight(static_cast<QFont::Weight>(weight));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return known.emplace(weight, ScaledFont{font, QFontMetricsF(font)}).first->second;
+}
+
+QPolygonF ToPolygon(std::span<const PanelPoint> points, double pageHeight) {
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const PanelPoint& point : points)
+        polygon.append({point.X, pageHeight - point.Y});
+    return polygon;
+}
+
+// Puts the painter back to what it was, whatever a shape sets.
+class SavedPainter {
+public:
+    explicit SavedPainter(QPainter& painter) : painter_(painter) {
+        painter_.save();
+        painter_.setRenderHint(QPainter::Antialiasing, true);
+    }
+    SavedPainter(const SavedPainter&) = delete;
+    SavedPainter& operator=(const SavedPainter&) = delete;
+    ~SavedPainter() { painter_.restore(); }
+
+private:
+    QPainter& painter_;
+};
+
+} // namespace
+
+double PageFont::Width(const QString& text) const {
+    return FontOfWeight(Weight).Metrics.horizontalAdvance(text) * Height / DrawnSize;
+}
+
+void PageFont::Print(QPainter& painter, QPointF corner, const QString& text, const QColor& ink) const {
+    const SavedPainter saved(painter);
+    const ScaledFont& font = FontOfWeight(Weight);
+    painter.setFont(font.Font);
+    painter.setPen(ink);
+    painter.translate(corner);
+    painter.scale(Height / DrawnSize, Height / DrawnSize);
+    painter.drawText(QPointF(0, (DrawnSize + font.Metrics.capHeight()) / 2), text);
+}
+
+void StrokePoints(QPainter& painter, double pageHeight, std::span<const PanelPoint> points, const Pen& pen) {
+    if (points.size() < 2)
+        return;
+    const SavedPainter saved(painter);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(ToQColor(pen.Ink), pen.Width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(ToPolygon(points, pageHeight));
+}
+
+void FillPoints(QPainter& painter, double pageHeight, std::span<const PanelPoint> points, Colour fill) {
+    if (points.size() < 3)
+        return;
+    const SavedPainter saved(painter);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQColor(fill));
+    painter.drawPolygon(ToPolygon(points, pageHeight));
+}
+
+void FillGradient(QPainter& painter, const QRectF& box, Colour top, Colour bottom) {
+    const SavedPainter saved(painter);
+    QLinearGradient gradient(box.topLeft(), box.bottomLeft());
+    gradient.setColorAt(0, ToQColor(top));
+    gradient.setColorAt(1, ToQColor(bottom));
+    painter.fillRect(box, gradient);
+}
+
+void QtSurface::SetPageFont(double height, int weight) {
+    pageFont_ = {height, weight};
+}
+
+void QtSurface::Stroke(std::span<const PanelPoint> points, const Pen& pen) {
+    if (!Empty())
+        StrokePoints(Painter(), height_, points, pen);
+}
+
+void QtSurface::FilledArea(std::span<const PanelPoint> points, Colour fill) {
+    if (!Empty())
+        FillPoints(Painter(), height_, points, fill);
+}
+
+void QtSurface::GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) {
+    if (!Empty())
+        FillGradient(Painter(), QRectF(ToDevice(x1, y1), ToDevice(x2, y2)).normalized(), top, bottom);
+}
+
+void QtSurface::PrintPageText(double x, double y, std::string_view text) {
+    pageFont_.Print(Painter(), ToDevice(x, y),
+                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
+                    ToQColor(foreColour_));
+}
+
+} // namespace pulselark
