@@ -11,13 +11,9 @@
 #include "session/Settings.h"
 
 #include <algorithm>
-#include <cmath>
-#include <numbers>
 
 namespace pulselark {
 
-double SessionScore = 0;
-double DynamicIndex = 0;
 std::array<Label, 2> labDI;
 Integer WindowScale = 50;
 void (*AfterTrainingTick)() = nullptr;
@@ -108,13 +104,10 @@ void DrawCoherenceBars(int slot) {
 void DrawBellCurve() {
     constexpr int Reach = 30;
     constexpr Colour BellColour = MakeColour(0xAE, 0xBE, 0xF5);
-    constexpr double Peak = 1 / 0.4; // of the distribution at 0, which makes the bell 100 high
     std::array<PanelPoint, 2 * Reach + 1> points{};
     for (int i = -Reach; i <= Reach; ++i) {
-        const double deviation = i / 10.0;
         const double x = i * 100.0 / 60 + 50;
-        const double y =
-            std::exp(-(deviation * deviation) / 2) / std::sqrt(2 * std::numbers::pi) * 100 * Peak;
+        const double y = BellCurve(i) * 100;
         points[static_cast<std::size_t>(i + Reach)] = {x / 100 * picSD->Width(), y / 100 * picSD->Height()};
     }
     picSD->Clear();
@@ -159,7 +152,6 @@ void LayoutTrainingPanel() {
 }
 
 void ResetTraining() {
-    SessionScore = DynamicIndex = 0;
     labDI = {};
     WindowScale = LargeScale;
     AfterTrainingTick = nullptr;

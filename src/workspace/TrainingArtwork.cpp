@@ -1,5 +1,6 @@
 #include "workspace/TrainingArtwork.h"
 
+#include "analysis/CoherenceBins.h"
 #include "feedback/ggz.h"
 
 #include <QLinearGradient>
@@ -67,10 +68,8 @@ void PaintBellArea(QPainter& painter, const QRectF& box) {
     constexpr int Reach = 30;
     QPainterPath area(box.bottomLeft());
     for (int i = -Reach; i <= Reach; ++i) {
-        const double deviation = i / 10.0;
-        const double share = std::exp(-deviation * deviation / 2) / std::sqrt(2 * M_PI) / 0.4;
         area.lineTo(box.left() + box.width() * (i + Reach) / (2 * Reach),
-                    box.bottom() - box.height() * share);
+                    box.bottom() - box.height() * BellCurve(i));
     }
     area.lineTo(box.bottomRight());
     area.closeSubpath();
