@@ -17,7 +17,7 @@ std::string HelpText() {
            "(default 0)\n"
            "  pulselark resave IN.hti OUT.hti          reads a session and writes it anew\n"
            "  pulselark picture FILE.hti --second S --out FILE.png [--size WxH] [--scheme 0..4] [--filled] "
-           "[--density D]\n"
+           "[--training 0..3] [--density D]\n"
            "                                           the workspace as it looks at second S; the least size "
            "is\n"
            "                                           800x600\n"

@@ -32,6 +32,13 @@ void SetModeTips() {
     }
 }
 
+void RunModeFromReplay(int mode) {
+    FeedbackMode = mode;
+    ModeRunning.fill(Off);
+    ModeRunning.at(static_cast<std::size_t>(mode)) = On;
+    ApplyModeState();
+}
+
 void EndModes() {
     ModeRunning.fill(Off);
     ApplyModeState();

@@ -26,6 +26,9 @@ void ApplyModeState();
 /// Sets the tool tips anew, after a change of `FeedbackEnabled` or of the language.
 void SetModeTips();
 
+/// Mode 0 to 3 runs, fed by a replay that has been started already.
+void RunModeFromReplay(int mode);
+
 /// No mode runs any more, and the selector shows none.
 void EndModes();
 
