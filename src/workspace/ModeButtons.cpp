@@ -78,6 +78,20 @@ int ModeButton::WantedWidth(int high) const {
     return parts.Padding * 4 + parts.Disc + words + 8 + parts.Digit;
 }
 
+bool ModeButton::HasRoomForPicture() const {
+    constexpr int LeastWords = 120; // a longer name takes two lines
+    const int high = height() - 2 * ModeRow::Rim;
+    const Parts parts = PartsFor(high);
+    const int name = QFontMetrics(TextFont(parts.Name, 500)).horizontalAdvance(text());
+    const int room = width() - 2 * ModeRow::Rim - 3 * parts.Padding - parts.Disc - 8 - parts.Digit;
+    return room >= std::min(LeastWords, name);
+}
+
+void ModeButton::SetPicture(bool shown) {
+    picture_ = shown;
+    update();
+}
+
 ModeButton::Inks ModeButton::CurrentInks() const {
     const SchemeLook& look = CurrentLook();
     if (running_)
@@ -108,13 +122,8 @@ void ModeButton::PaintMode(QPainter& painter, const Inks& inks) const {
     const QRectF digit(plate.right() - parts.Padding - parts.Digit, plate.center().y() - parts.Digit / 2.0,
                        parts.Digit, parts.Digit);
     PaintDigit(painter, inks, digit);
-    // Too narrow a button does without its picture, and its name takes two lines.
-    constexpr int LeastWords = 120;
-    const double withDisc = digit.left() - 8 - (plate.left() + 2 * parts.Padding + parts.Disc);
-    const bool hasDisc =
-        withDisc >= std::min(LeastWords, QFontMetrics(TextFont(parts.Name, 500)).horizontalAdvance(text()));
     double left = plate.left() + parts.Padding;
-    if (hasDisc) {
+    if (picture_) {
         const QRectF disc(left, plate.center().y() - parts.Disc / 2.0, parts.Disc, parts.Disc);
         painter.setPen(Qt::NoPen);
         painter.setBrush(inks.Disc);
@@ -282,6 +291,11 @@ void ModeRow::LayOut() {
         buttons_[i]->setGeometry(left - Rim, 0, right - left + 2 * Rim, height());
         x += wide + gap_;
     }
+    // All of the modes have their pictures, or none: a mixed row is restless.
+    const bool pictures = std::all_of(buttons_.begin(), buttons_.begin() + ModeButtons,
+                                      [](const ModeButton* button) { return button->HasRoomForPicture(); });
+    for (std::size_t mode = 0; mode < ModeButtons; ++mode)
+        buttons_[mode]->SetPicture(pictures);
 }
 
 } // namespace pulselark

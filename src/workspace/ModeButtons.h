@@ -22,6 +22,9 @@ public:
     void SetState(bool running, bool chosen);
     /// Width that shows all of its words; `high` is the row's height.
     int WantedWidth(int high) const;
+    /// Whether its words have room beside its picture.
+    bool HasRoomForPicture() const;
+    void SetPicture(bool shown);
 
 signals:
     /// The left (1) or right (2) mouse button, or the keyboard (1).
@@ -50,6 +53,7 @@ private:
     QString hint_;
     bool running_ = false;
     bool chosen_ = false;
+    bool picture_ = true;
     bool keyboardFocus_ = false;
 };
 

@@ -83,7 +83,7 @@ void PaintBellArea(QPainter& painter, const QRectF& box) {
     painter.fillPath(area, fill);
 }
 
-void PaintTrainingArtwork(QPainter& painter, const QSize& panel, int background, bool withIndex) {
+void PaintTrainingArtwork(QPainter& painter, const QSize& panel, int background) {
     const TrainingParts parts = TrainingPartsFor(panel);
     const std::array<QColor, 2> ends = TrainingBackground(background);
     QLinearGradient paper(0, 0, 0, panel.height());
@@ -99,9 +99,7 @@ void PaintTrainingArtwork(QPainter& painter, const QSize& panel, int background,
     base.setAlphaF(0.6F);
     painter.fillRect(QRectF(parts.Bars.left(), std::round(parts.Bars.bottom()), parts.Bars.width(), 1), base);
     PaintScoreWell(painter, parts.ScoreWells[0], parts.Tracks[0]);
-    painter.setOpacity(withIndex ? 1 : 0.38);
     PaintScoreWell(painter, parts.ScoreWells[1], parts.Tracks[1]);
-    painter.setOpacity(1);
 }
 
 } // namespace pulselark

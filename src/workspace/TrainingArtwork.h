@@ -24,8 +24,9 @@ struct TrainingParts {
 };
 TrainingParts TrainingPartsFor(const QSize& panel);
 
-// Below these widths the panel drops its card and legend, and then the bell's heading.
+// Below this size the panel drops its card and legend, below the last width also the bell's heading.
 inline constexpr int FullPanelWidth = 900;
+inline constexpr int FullPanelHeight = 600;
 inline constexpr int HeadedPanelWidth = 480;
 
 namespace TrainingColour {
@@ -45,8 +46,8 @@ inline constexpr QColor WindowBar(79, 133, 177);
 /// The two ends of background 0 to 2, from the top down.
 std::array<QColor, 2> TrainingBackground(int background);
 
-/// Paints background and wells over the whole panel; the index's well is faint unless `withIndex`.
-void PaintTrainingArtwork(QPainter& painter, const QSize& panel, int background, bool withIndex);
+/// Paints background and wells over the whole panel.
+void PaintTrainingArtwork(QPainter& painter, const QSize& panel, int background);
 
 /// Area under the bell, in a box whose base is its lower edge.
 void PaintBellArea(QPainter& painter, const QRectF& box);

@@ -32,7 +32,7 @@ constexpr int CardHeight = 92;
 constexpr int LegendRow = 32;
 
 bool Large(const QWidget& panel) {
-    return panel.width() >= FullPanelWidth;
+    return panel.width() >= FullPanelWidth && panel.height() >= FullPanelHeight;
 }
 
 void PaintLine(QPainter& painter, const QRectF& place, const QFont& font, const QColor& ink,
@@ -46,10 +46,6 @@ void PaintLine(QPainter& painter, const QRectF& place, const QFont& font, const 
 
 QColor BrandInk() {
     return ToQColor(MakeColour(54, 72, 115));
-}
-
-bool ModeWithIndex() {
-    return FeedbackMode == 3;
 }
 
 int ChosenMode() {
@@ -111,7 +107,7 @@ void TrainingPanel::Retranslate() {
 
 bool TrainingPanel::ArtworkIsStale() const {
     return backgroundShown_ != PanelBackground || schemeShown_ != ColourSchemeIndex ||
-           indexShown_ != ModeWithIndex();
+           modeShown_ != FeedbackMode;
 }
 
 void TrainingPanel::Rebuild() {
@@ -121,7 +117,7 @@ void TrainingPanel::Rebuild() {
     surface_.Resize(panel.width(), panel.height(), density);
     backgroundShown_ = PanelBackground;
     schemeShown_ = ColourSchemeIndex;
-    indexShown_ = ModeWithIndex();
+    modeShown_ = FeedbackMode;
     if (!shown) {
         bell_.Resize(0, 0, density);
         return;
@@ -129,7 +125,7 @@ void TrainingPanel::Rebuild() {
     QImage artwork((QSizeF(panel) * density).toSize(), QImage::Format_RGB32);
     artwork.setDevicePixelRatio(density);
     QPainter painter(&artwork);
-    PaintTrainingArtwork(painter, panel, PanelBackground, ModeWithIndex());
+    PaintTrainingArtwork(painter, panel, PanelBackground);
     // The bell is drawn on its own surface, over its part of the artwork, and goes back into it.
     const QRect bars = TrainingPartsFor(panel).Bars.toRect();
     bell_.Resize(bars.width(), bars.height(), density);

@@ -52,7 +52,7 @@ private:
     ActionButton* labBFSettings_;
     int backgroundShown_ = -1;
     int schemeShown_ = -1;
-    bool indexShown_ = false;
+    double modeShown_ = -1;
     QString words_; // of everything that the panel says, as painted last
 };
 
