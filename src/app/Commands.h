@@ -38,6 +38,11 @@ struct PageWriters {
 /// short.
 int RunScan(Arguments arguments, const PageWriters& writers);
 
+/// `trace FILE.hti [--mode 0..3] [--interval N] [--averaging N] [--midi] [--app-link]`: replays a session as
+/// fast as it can and prints what it does, see EventTrace.h; in the training view with that mode, or outside
+/// of it.
+int RunTrace(Arguments arguments);
+
 /// Text of --help.
 std::string HelpText();
 

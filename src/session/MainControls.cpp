@@ -27,6 +27,8 @@ Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
 
+void (*AfterStatus)() = nullptr;
+
 namespace {
 
 constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
@@ -42,6 +44,7 @@ std::span<Timer* const> SessionTimers() {
 }
 
 void ResetMainControls() {
+    AfterStatus = nullptr;
     for (Label* label : {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting,
                          &labNoSession, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
@@ -62,6 +65,8 @@ void ResetMainControls() {
 
 void ShowStatus(std::string text) {
     labStatus.Caption = std::move(text);
+    if (AfterStatus != nullptr)
+        AfterStatus();
 }
 
 } // namespace pulselark

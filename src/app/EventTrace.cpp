@@ -1,0 +1,87 @@
+#include "app/EventTrace.h"
+
+#include "analysis/CoherenceBins.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+
+#include <array>
+#include <utility>
+
+namespace pulselark {
+
+namespace {
+
+EventTrace* theTrace = nullptr;
+
+struct NamedLabel {
+    const char* Name;
+    const Label* Source;
+};
+const std::array Watched{NamedLabel{"labBFStart", &labBFStart},
+                         NamedLabel{"labPTime", &labPTime},
+                         NamedLabel{"labBPMA", &labBPMA},
+                         NamedLabel{"labBPMB", &labBPMB},
+                         NamedLabel{"labDI0", &labDI[0]},
+                         NamedLabel{"labDI1", &labDI[1]},
+                         NamedLabel{"labCurrentSong", &labCurrentSong}};
+
+std::string OneLine(std::string text) {
+    for (char& letter : text) {
+        if (letter == '\t' || letter == '\n' || letter == '\r')
+            letter = ' ';
+    }
+    return text;
+}
+
+} // namespace
+
+EventTrace::EventTrace(Sink sink)
+    : sink_(std::move(sink)),
+      before_(ThePlatform()), own_{before_.Clock, before_.Files,       before_.FileDialogs,
+                                   *this,         before_.MessageLoop, before_.Progress},
+      shown_(Watched.size()) {
+    InstallPlatform(own_);
+    theTrace = this;
+    AfterStatus = [] {
+        theTrace->Write("status", labStatus.Caption);
+    };
+    AfterTrainingTick = [] {
+        theTrace->Write("score",
+                        std::to_string(Round(SessionScore)) + " " + std::to_string(Round(DynamicIndex)));
+    };
+}
+
+EventTrace::~EventTrace() {
+    AfterStatus = AfterTrainingTick = nullptr;
+    theTrace = nullptr;
+    InstallPlatform(before_);
+}
+
+void EventTrace::WriteLine(const std::string& kind, const std::string& text) {
+    sink_(std::to_string(SessionTick) + "\t" + kind + "\t" + OneLine(text) + "\n");
+}
+
+void EventTrace::WriteChanges() {
+    for (std::size_t i = 0; i < Watched.size(); ++i) {
+        const Label& label = *Watched[i].Source;
+        const std::string caption = label.Visible ? label.Caption : std::string();
+        if (caption == shown_[i])
+            continue;
+        shown_[i] = caption;
+        WriteLine(std::string("label ") + Watched[i].Name, caption);
+    }
+}
+
+void EventTrace::Write(const std::string& kind, const std::string& text) {
+    WriteChanges();
+    WriteLine(kind, text);
+}
+
+int EventTrace::Show(const std::string& text, int buttons) {
+    Write("message", text);
+    return before_.Messages.Show(text, buttons);
+}
+
+} // namespace pulselark
