@@ -41,6 +41,11 @@ int RunScan(Arguments arguments, const PageWriters& writers);
 /// `chord --render FILE.wav --session FILE.hti --from S --seconds N`
 int RunChord(Arguments arguments);
 
+/// `trace FILE.hti [--mode 0..3] [--interval N] [--averaging N] [--midi] [--app-link]`: replays a session as
+/// fast as it can and prints what it does, see EventTrace.h; in the training view with that mode, or outside
+/// of it.
+int RunTrace(Arguments arguments);
+
 /// Text of --help.
 std::string HelpText();
 

@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "app/WindowStart.h"
+#include "feedback/ModeSelector.h"
 #include "persistence/OpenSession.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -28,6 +29,7 @@ struct PictureOptions {
     int Width = 1600;
     int Height = 1000;
     int Scheme = 0;
+    int Training = -1; // mode of the training view, -1 for the panels
     bool Filled = false;
     double Density = 1;
 };
@@ -64,6 +66,8 @@ bool TakeOption(const std::string& name, const std::string& value, PictureOption
         return TakeSize(value, options);
     if (name == "--scheme")
         return Take(value, 0, ColourSchemeCount - 1, options.Scheme);
+    if (name == "--training")
+        return Take(value, 0, ModeCount - 1, options.Training);
     if (name == "--density")
         return Take(value, 0.5, 4.0, options.Density);
     if (name == "--out")
@@ -104,7 +108,7 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
     if (!options) {
         return Complain(
             "usage: pulselark picture FILE.hti --second S --out FILE.png [--size WxH] [--scheme 0..4] "
-            "[--filled] [--density 0.5..4]",
+            "[--filled] [--training 0..3] [--density 0.5..4]",
             ExitUsage);
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -117,12 +121,15 @@ int RunPicture(int argc, char** argv, Arguments arguments) {
     FinishStartUp();
     ColourSchemeIndex = static_cast<Integer>(options->Scheme);
     SolidGraphs = ToBoolean(options->Filled);
+    TrainingActive = ToBoolean(options->Training >= 0);
     OpenSessionFile(options->File);
     if (LastFileResult != FileSuccess)
         return ComplainOfFile(options->File, LastFileResult, LastFileLine);
     if (options->Second > SessionSeconds)
         return Complain(options->File + ": has " + std::to_string(SessionSeconds) + " seconds only",
                         ExitFailure);
+    if (TrainingActive != Off)
+        RunModeFromReplay(options->Training);
     ReplayUpTo(options->Second);
 
     frmMain window(platform);

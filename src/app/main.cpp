@@ -49,6 +49,8 @@ int main(int argc, char** argv) {
     }
     if (first == "analyse")
         return RunAnalyse(Arguments(arguments).subspan(1));
+    if (first == "trace")
+        return RunTrace(Arguments(arguments).subspan(1));
     if (first == "resave")
         return RunResave(Arguments(arguments).subspan(1));
     if (first == "chord")

@@ -116,6 +116,24 @@ Long ParseLong(std::string_view text) {
     return static_cast<Long>(whole);
 }
 
+std::string OneDecimal(double value) {
+    // 15 digits in all: what a calculation leaves behind them is no part of the number.
+    char digits[LongestDouble];
+    const auto scientific =
+        std::to_chars(digits, digits + sizeof digits, std::fabs(value), std::chars_format::scientific, 14);
+    const double cleaned = ParseDouble({digits, scientific.ptr});
+    char text[64];
+    const auto fixed = std::to_chars(text, text + sizeof text, cleaned, std::chars_format::fixed, 12);
+    const std::string_view whole(text, fixed.ptr);
+    const std::size_t point = whole.find('.');
+    auto tenths =
+        static_cast<std::int64_t>(ParseDouble(whole.substr(0, point))) * 10 + (whole[point + 1] - '0');
+    if (whole[point + 2] >= '5')
+        ++tenths;
+    const char* sign = value < 0 && tenths > 0 ? "-" : "";
+    return sign + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+}
+
 void AppendLong(std::string& text, Long value) {
     char digits[16];
     const auto result = std::to_chars(digits, digits + sizeof digits, value);

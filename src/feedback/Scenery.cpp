@@ -1,6 +1,7 @@
 #include "feedback/Scenery.h"
 
 #include "analysis/CoherencePanel.h"
+#include "feedback/ModeSelector.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ShellMod.h"
 #include "feedback/ggz.h"

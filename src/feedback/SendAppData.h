@@ -26,6 +26,8 @@ void SendAppArray(int kind);
 
 /// Sends the coherence of `AnalysisSecond` as a percentage of 0.11, whatever the mode. It is not limited.
 void SendCoherenceValue();
+/// The value of the mode for the second.
+void SendFeedbackValue();
 
 /// Sends the number by which the chosen mode is followed: in mode 1 the mean interval (`IbiAvgA`), in mode 2
 /// the coherence as above, in mode 3 `DynamicIndex`. Modes 0 and -1 have none, and nothing is sent.

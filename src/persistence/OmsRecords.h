@@ -2,6 +2,7 @@
 
 #include "persistence/TextRecords.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 #include <string>
@@ -43,7 +44,10 @@ public:
     void Text(const std::string& value) { AppendTextLine(Out, value); }
     void Flag(Boolean value) { AppendBooleanLine(Out, value); }
     void FlagNotTaken(Boolean value) { AppendBooleanLine(Out, value); }
-    void Whole(Integer value, Integer /*least*/ = 0, Integer /*most*/ = 0) { AppendLongLine(Out, value); }
+    void Whole(Integer value, Integer least = std::numeric_limits<Integer>::min(),
+               Integer most = std::numeric_limits<Integer>::max()) {
+        AppendLongLine(Out, std::clamp(value, least, most)); // held as the reader would
+    }
     void Real(double value, double /*least*/, double /*most*/) { AppendDoubleLine(Out, value); }
     void ReservedLong() { AppendLongLine(Out, 0); }
     void Reserved() { AppendLongLine(Out, 0); }

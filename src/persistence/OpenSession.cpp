@@ -2,6 +2,7 @@
 
 #include "analysis/InputCD.h"
 #include "base/FlagWhile.h"
+#include "feedback/ModeSelector.h"
 #include "feedback/SendAppData.h"
 #include "feedback/ggz.h"
 #include "persistence/DropSession.h"

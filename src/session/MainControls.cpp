@@ -39,6 +39,8 @@ Timer timSendGameSetup{"timSendGameSetup", 3500};
 Timer timShellExDelayed{"timShellExDelayed", 2000};
 Timer timStartRYB{"timStartRYB", 2000};
 
+void (*AfterStatus)() = nullptr;
+
 namespace {
 
 constexpr std::array AllTimers{&timReplay,
@@ -71,6 +73,7 @@ std::span<Timer* const> SessionTimers() {
 }
 
 void ResetMainControls() {
+    AfterStatus = nullptr;
     for (Label* label :
          {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting, &labNoSession,
           &labChannelMode, &labLoading, &labRestoreGame, &labQSMenu[0], &labQSMenu[1]})
@@ -93,6 +96,8 @@ void ResetMainControls() {
 
 void ShowStatus(std::string text) {
     labStatus.Caption = std::move(text);
+    if (AfterStatus != nullptr)
+        AfterStatus();
 }
 
 } // namespace pulselark

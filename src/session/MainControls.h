@@ -92,5 +92,7 @@ void ResetMainControls();
 
 /// Shows a text on the status line.
 void ShowStatus(std::string text);
+/// Called after each text that the status line takes; nobody by default.
+extern void (*AfterStatus)();
 
 } // namespace pulselark

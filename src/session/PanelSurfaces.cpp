@@ -17,10 +17,14 @@ Surface* picHisB = &NoSurface();
 Surface* picHRVPowerA = &NoSurface();
 Surface* picHRVPowerB = &NoSurface();
 Surface* picQS = &NoSurface();
+Surface* picGGZ = &NoSurface();
+Surface* picSD = &NoSurface();
+Surface* picBWave = &NoSurface();
 
 void ResetPanelSurfaces() {
-    for (Surface** panel : {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA,
-                            &picHRVB, &picHisA, &picHisB, &picHRVPowerA, &picHRVPowerB, &picQS})
+    for (Surface** panel :
+         {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA, &picHRVB, &picHisA,
+          &picHisB, &picHRVPowerA, &picHRVPowerB, &picQS, &picGGZ, &picSD, &picBWave})
         *panel = &NoSurface();
 }
 

@@ -22,7 +22,10 @@ extern Surface* picHisB;
 extern Surface* picHRVPowerA; ///< bars of the two band powers, in front of the HRV panels
 extern Surface* picHRVPowerB;
 
-extern Surface* picQS; ///< the quick scan's page
+extern Surface* picQS;    ///< the quick scan's page
+extern Surface* picGGZ;   ///< training view: bars of the histograms and of the scores
+extern Surface* picSD;    ///< its reference bell
+extern Surface* picBWave; ///< breathing wave of the training's settings
 
 /// Takes all surfaces away again.
 void ResetPanelSurfaces();

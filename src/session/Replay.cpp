@@ -1,6 +1,7 @@
 #include "session/Replay.h"
 
 #include "feedback/MIDI_OUT.h"
+#include "feedback/ModeSelector.h"
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
@@ -63,6 +64,7 @@ void EndReplay() {
 void ReplayTick() {
     if (SessionTick >= SessionSeconds) {
         EndReplay();
+        EndModes();
         return;
     }
     RunSessionTick();
@@ -90,6 +92,7 @@ void ReleaseStopButton() {
     SessionTick = 1;
     RefreshSessionButtons(false);
     labBFStart.Visible = false;
+    EndModes();
     if (FeedbackFromReplay())
         StopMusicAndScenery();
 }

@@ -6,8 +6,12 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/Pacer.h"
 #include "feedback/Scenery.h"
 #include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "persistence/LanguagePack.h"
@@ -92,6 +96,10 @@ void InitApplication(bool readSettings) {
     ResetSettings();
     ResetModulePanels();
     ResetAppLink();
+    ResetTraining();
+    ResetModeSelector();
+    ResetPacer();
+    ResetMusic();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;
@@ -108,6 +116,7 @@ void InitApplication(bool readSettings) {
     ResetQuickScan();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     ChannelBPresent = ToBoolean(ChannelMode == 1);
+    SetModeTips();
     RefreshSessionButtons(true);
 }
 

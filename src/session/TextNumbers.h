@@ -353,6 +353,9 @@ enum TextNumber : int {
     TextTrainingLevel = 371,
     TextSourceStored = 372,
     TextSourceLive = 373,
+    TextModeChosenHint = 374,
+    TextChooseLevel = 375,
+    TextSourceTip = 381,
 
     // The cover that stands in for the scenery.
     TextSceneryLoading = 376,
@@ -385,6 +388,7 @@ enum TextNumber : int {
     TextAutoStartBreathingNo = 405,
     TextMusicSelect = 406,
     TextMusicAuto = 407,
+    TextBackgroundTip = 408,
 
     // Music player.
     TextPlayerSongs = 410,

@@ -221,7 +221,8 @@ Knob::Knob(const QString& name, int end, QWidget* parent) : QAbstractSlider(pare
 // A track that is no longer than its thumb has but one position.
 void Knob::FollowPointer(double x) {
     const double track = width() - Thumb;
-    setSliderPosition(track > 0 ? qRound((x - Thumb / 2.0) / track * maximum()) : 0);
+    const double share = track > 0 ? (x - Thumb / 2.0) / track : 0;
+    setSliderPosition(minimum() + qRound(share * (maximum() - minimum())));
 }
 
 void Knob::mousePressEvent(QMouseEvent* event) {
@@ -282,7 +283,8 @@ void Knob::paintEvent(QPaintEvent* /*event*/) {
     BeginControl(painter, *this);
     const double middle = height() / 2.0;
     const double left = Thumb / 2.0;
-    const double place = maximum() > 0 ? static_cast<double>(sliderPosition()) / maximum() : 0;
+    const int range = maximum() - minimum();
+    const double place = range > 0 ? static_cast<double>(sliderPosition() - minimum()) / range : 0;
     const double x = left + place * (width() - Thumb);
     painter.setPen(Qt::NoPen);
     painter.setBrush(TrackColour);

@@ -76,7 +76,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// A knob on its track. The mouse moves it; keys ask for a step.
+/// A knob on its track, from 0 unless it is given a range. The mouse moves it; keys ask for a step.
 class Knob final : public QAbstractSlider {
     Q_OBJECT
 

@@ -132,6 +132,34 @@ void PaintPanelIcon(QPainter& painter, Icon icon) {
         painter.drawPolyline(Points({{4.5, 11.5}, {2, 11.5}, {2, 5.5}, {14, 5.5}, {14, 11.5}, {11.5, 11.5}}));
         painter.drawRect(QRectF(4.5, 9, 7, 5));
         break;
+    case Icon::BreathingWave: {
+        QPainterPath wave;
+        wave.moveTo(2, 8);
+        wave.cubicTo(3.5, 2, 5.5, 2, 7, 6);
+        wave.cubicTo(7.8, 8.5, 8.2, 9, 9, 11);
+        wave.cubicTo(10.5, 14, 12.5, 14, 14, 8);
+        painter.drawPath(wave);
+        break;
+    }
+    case Icon::Heart: {
+        QPainterPath heart;
+        heart.moveTo(8, 13.5);
+        heart.cubicTo(2, 9.5, 2, 6.5, 2, 5.8);
+        heart.cubicTo(2, 2.5, 6.3, 1.8, 8, 5);
+        heart.cubicTo(9.7, 1.8, 14, 2.5, 14, 5.8);
+        heart.cubicTo(14, 6.5, 14, 9.5, 8, 13.5);
+        painter.drawPath(heart);
+        break;
+    }
+    case Icon::Scenery:
+        painter.drawPolyline(Points({{2, 13.5}, {5.5, 7.5}, {7.5, 10.5}, {10, 6.5}, {14, 13.5}, {2, 13.5}}));
+        painter.drawEllipse(QPointF(11.5, 3.5), 1.5, 1.5);
+        break;
+    case Icon::Music:
+        painter.drawEllipse(QPointF(4.2, 12), 1.9, 1.9);
+        painter.drawEllipse(QPointF(11.8, 10.8), 1.9, 1.9);
+        painter.drawPolyline(Points({{6.1, 12}, {6.1, 3.8}, {13.7, 2.5}, {13.7, 10.8}}));
+        break;
     default:
         PaintMark(painter, icon);
         break;

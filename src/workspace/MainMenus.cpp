@@ -10,6 +10,7 @@
 #include "platform/system/ProcessPriority.h"
 #include "quickscan/QsPrint.h"
 #include "session/MainBuffers.h"
+#include "session/Training.h"
 #include "workspace/Texts.h"
 #include "workspace/frmViewMenu.h"
 
@@ -70,7 +71,9 @@ void MainMenus::BuildFileMenu() {
     file_->addSeparator();
     AddCore(file_, TextMenuLoadConfig, "labLoadConfig", [] { LoadConfig(ChosenConfig); });
     AddCore(file_, TextMenuSaveConfig, "labSaveConfig", [] { SaveConfig(ChosenConfig); });
-    AddGreyed(file_, TextMenuTraining, "labTraining");
+    training_ = AddCore(file_, TextMenuTraining, "labTraining",
+                        [] { TrainingActive != Off ? LeaveTrainingToDefault() : EnterTraining(); });
+    training_->setShortcut(QKeySequence("Ctrl+T"));
     file_->addSeparator();
     Add(file_, TextMenuExit, "labExit", routines_.Exit)->setShortcut(QKeySequence("Ctrl+Q"));
 }
@@ -115,6 +118,8 @@ void MainMenus::Mirror() {
     export_->setEnabled(!SessionBusy() && SessionSeconds > 0);
     for (QAction* page : {print_, savePage_})
         page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
+    training_->setEnabled(!SessionBusy() && SessionRunning == Off);
+    training_->setText(Text(TrainingActive != Off ? TextMenuLeaveTraining : TextMenuTraining));
 }
 
 void MainMenus::Retranslate() {

@@ -67,6 +67,7 @@ private:
     QAction* print_ = nullptr;
     QAction* export_ = nullptr;
     QAction* savePage_ = nullptr;
+    QAction* training_ = nullptr;
 };
 
 } // namespace pulselark

@@ -166,7 +166,7 @@ bool ModuleDesk::LayOut() {
     for (std::size_t i = 0; i < frames_.size(); ++i) {
         ModuleFrame* frame = frames_[i];
         const QRect place = PixelRect(picModule[i]);
-        const bool shown = picModule[i].Visible != Off;
+        const bool shown = picModule[i].Visible != Off && TrainingActive == Off;
         changed = changed || frame->geometry() != place || frame->isHidden() == shown;
         frame->setGeometry(place);
         frame->setVisible(shown);

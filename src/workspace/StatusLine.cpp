@@ -35,10 +35,13 @@ StatusLine::StatusLine(QWidget* parent) : QWidget(parent) {
 void StatusLine::Mirror() {
     const QString full = QString::fromStdString(labStatus.Caption);
     const QString message = WithoutFolder(full);
-    const QString facts =
-        QStringList{Text(TextChannelModeBase + ChannelMode), QString("128 ") + Text(TextSamplesPerSecond),
-                    Text(TextSchemeMidnight + ColourSchemeIndex)}
-            .join("\n");
+    QStringList known{Text(TextChannelModeBase + ChannelMode), QString("128 ") + Text(TextSamplesPerSecond)};
+    if (TrainingActive != Off && FeedbackMode >= 0)
+        known = {Text(TextTrainingLevel).arg(static_cast<int>(FeedbackMode) + 1)};
+    else if (TrainingActive != Off)
+        known = {Text(TextModuleTraining)};
+    known << Text(TextSchemeMidnight + ColourSchemeIndex);
+    const QString facts = known.join("\n");
     if (message == message_ && facts == facts_)
         return;
     message_ = message;

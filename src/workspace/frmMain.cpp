@@ -1,5 +1,7 @@
 #include "workspace/frmMain.h"
 
+#include "feedback/FeedbackModes.h"
+#include "feedback/ModeSelector.h"
 #include "persistence/OpenSession.h"
 #include "quickscan/QuickScan.h"
 #include "session/Controls.h"
@@ -20,6 +22,7 @@
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
 #include "workspace/TopBar.h"
+#include "workspace/TrainingView.h"
 #include "workspace/TransportButton.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
@@ -68,7 +71,8 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
       statusLine_(new StatusLine(this)), loading_(new QLabel(this)),
       desk_(new ModuleDesk(this, [this](const std::function<void()>& routine) { Do(routine); })),
       panels_(new AnalysisPanels(*desk_, [this](const std::function<void()>& routine) { Do(routine); })),
-      scan_(new ScanPanel(*desk_, [this](const std::function<void()>& routine) { Do(routine); })) {
+      scan_(new ScanPanel(*desk_, [this](const std::function<void()>& routine) { Do(routine); })),
+      training_(new TrainingView(this, [this](const std::function<void()>& routine) { Do(routine); })) {
     setObjectName("frmMain");
     version_ = version;
     setWindowTitle(ProgramTitle);
@@ -137,6 +141,8 @@ void frmMain::ApplyLanguage() {
     desk_->Retranslate();
     panels_->Retranslate();
     scan_->Retranslate();
+    SetModeTips();
+    training_->Retranslate();
     ShowScanCaption();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     if (settings_ != nullptr)
@@ -194,6 +200,7 @@ void frmMain::Mirror() {
     statusLine_->Mirror();
     panels_->Mirror();
     scan_->Mirror();
+    training_->Mirror();
     menus_->Mirror();
     if (settings_ != nullptr && settings_->isVisible())
         settings_->ShowMarks();
@@ -219,6 +226,7 @@ void frmMain::LayOut() {
     loading_->setGeometry(0, height() / 2 - 20, width(), 40);
     desk_->MeasureWindow(size(), density.TopBar, density.StatusLine, density.TitleBar, density.Gap);
     PlaceModules(true);
+    training_->LayOut();
 }
 
 void frmMain::PlaceModules(bool redraw) {
@@ -269,6 +277,11 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
     constexpr Long FastStep = 5;
     const bool fast = (event->modifiers() & Qt::ShiftModifier) != 0;
     const Long step = fast ? FastStep : 1;
+    const int level = event->key() - Qt::Key_1;
+    if (TrainingActive != Off && level >= 0 && level < ModeCount && !event->isAutoRepeat()) {
+        Do([level] { ClickModeButton(level, LeftButton); });
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Escape:
         CancelDrag();

@@ -17,6 +17,7 @@ class ModuleDesk;
 class ScanPanel;
 class StatusLine;
 class TopBar;
+class TrainingView;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
@@ -79,6 +80,7 @@ private:
     ModuleDesk* desk_;
     AnalysisPanels* panels_;
     ScanPanel* scan_;
+    TrainingView* training_;
     MainMenus* menus_ = nullptr;
     QPointer<frmSettings> settings_;
     QPointer<frmLanguage> language_;

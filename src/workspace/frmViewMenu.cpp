@@ -17,6 +17,7 @@
 #include "session/ModulePanels.h"
 #include "session/Settings.h"
 #include "session/SettingsActions.h"
+#include "session/Training.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
 
@@ -99,6 +100,7 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
     : QMenu(parent), lookChanged_(std::move(lookChanged)), run_(std::move(run)) {
     setObjectName("frmViewMenu");
     AddPanels();
+    AddMainView();
     addSeparator();
     AddLayout();
     addSeparator();
@@ -149,6 +151,12 @@ void frmViewMenu::AddPanels() {
         action->setCheckable(true);
         marks_.append([action, shown] { action->setChecked(shown()); });
     }
+}
+
+// From the training back to the panels.
+void frmViewMenu::AddMainView() {
+    QAction* action = AddEntry(this, TextMenuMainView, "labMainView", [] { LeaveTraining(); });
+    marks_.append([action] { action->setEnabled(TrainingActive != Off); });
 }
 
 void frmViewMenu::AddLayout() {

@@ -24,6 +24,7 @@ public:
 
 private:
     void AddPanels();
+    void AddMainView();
     void AddLayout();
     void AddTidalView();
     void AddColourSets();

@@ -9,7 +9,11 @@
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/Pacer.h"
 #include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "platform/ProgramFolder.h"
@@ -51,6 +55,10 @@ void PutEverythingBack() {
     ResetQsAnalysis();
     QsTickCount = 0;
     ResetModulePanels();
+    ResetTraining();
+    ResetModeSelector();
+    ResetPacer();
+    ResetMusic();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;

@@ -86,6 +86,15 @@ void QtSurface::StorePicture(const Surface& source) {
     }
 }
 
+void QtSurface::StoreImage(const QImage& picture) {
+    if (Empty())
+        return;
+    EndPainting();
+    stored_ = picture.convertToFormat(QImage::Format_RGB32);
+    stored_.setDevicePixelRatio(density_);
+    image_ = stored_;
+}
+
 double QtSurface::TextWidth(std::string_view text) const {
     if (pageFont_.Height > 0)
         return pageFont_.Width(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));

@@ -30,6 +30,8 @@ public:
 
     /// Size in panel units and device pixels per unit. A new size empties the surface.
     void Resize(int width, int height, double density);
+    /// Makes a picture of the surface's size in device pixels the stored one, and shows it.
+    void StoreImage(const QImage& picture);
     /// The picture as it stands; its device pixel ratio is the density.
     const QImage& Picture() const;
 

@@ -1,0 +1,198 @@
+#include "feedback/FeedbackModes.h"
+
+#include "feedback/ModeSelector.h"
+#include "feedback/Scenery.h"
+#include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
+#include "feedback/ggz.h"
+#include "persistence/SaveSession.h"
+#include "platform/Platform.h"
+#include "session/LanguageTable.h"
+#include "session/MainBuffers.h"
+#include "session/MainControls.h"
+#include "session/Recording.h"
+#include "session/SessionButtons.h"
+#include "session/Settings.h"
+
+#include <algorithm>
+
+namespace pulselark {
+
+namespace {
+
+constexpr double PacerMode = 0;
+constexpr int FirstLevelWithEcg = 1;
+constexpr int FirstCoherenceLevel = 2;
+
+Boolean& RunningOf(int index) {
+    return ModeRunning[static_cast<std::size_t>(index)];
+}
+
+bool IsMode(int index) {
+    return index >= 0 && index < ModeCount;
+}
+
+bool SomethingRuns() {
+    return std::any_of(ModeRunning.begin(), ModeRunning.end(), [](Boolean runs) { return runs != Off; });
+}
+
+bool LevelWithEcgRuns() {
+    return std::any_of(ModeRunning.begin() + FirstLevelWithEcg, ModeRunning.end(),
+                       [](Boolean runs) { return runs != Off; });
+}
+
+void Toggle(Boolean& flag) {
+    flag = static_cast<Boolean>(~flag);
+}
+
+void Send(int command) {
+    SendAppCommand(command, 0, 0, 0, 0);
+}
+
+// The pacer's button. While another level was running, its click only ends that one. Returns whether the
+// pacer has been started.
+bool TogglePacer(bool selectOnly) {
+    if (selectOnly) {
+        RunningOf(0) = Off;
+        timReplay.Enabled = false;
+        return false;
+    }
+    if (RunningOf(0) == Off && FeedbackEnabled == Off && timProcess.Enabled)
+        return false;
+    if (FeedbackMode == PacerMode || LastModeIndex == -1)
+        Toggle(RunningOf(0));
+    return RunningOf(0) != Off;
+}
+
+bool ToggleLevel(int index) {
+    Toggle(RunningOf(index));
+    return RunningOf(index) != Off;
+}
+
+void RunOtherButton(int index) {
+    if (index == SceneryButton)
+        SendSceneryState(true);
+    if (index == MusicButton) {
+        PlayerPanelOpen = On;
+        ScanMusicFolder();
+        DrawPlayerPanel();
+    }
+}
+
+void ChooseMode(int index) {
+    for (int other = 0; other < ModeCount; ++other) {
+        if (other != index)
+            RunningOf(other) = Off;
+    }
+    FeedbackMode = index;
+    LastModeIndex = static_cast<Integer>(RunningOf(index) != Off ? index : -1);
+    DrawModeSelector(LastModeIndex);
+}
+
+// Whether the session in memory may go. A save that is cancelled, or fails, keeps it.
+bool MayDropUnsaved() {
+    const int answer = ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
+                                                   ButtonYes | ButtonNo | ButtonCancel);
+    if (answer == ButtonNo) {
+        SessionUnsaved = Off;
+        return true;
+    }
+    if (answer != ButtonYes)
+        return false;
+    PrepareForFileDialog();
+    SaveSession();
+    return LastFileResult == FileSuccess;
+}
+
+void GiveUpSelection(int index) {
+    RunningOf(index) = Off;
+    DrawModeSelector(-1);
+}
+
+void SendPacerState(int index, bool selectOnly) {
+    if (!SomethingRuns())
+        Send(231);
+    else if (index < FirstCoherenceLevel && !selectOnly)
+        Send(230);
+}
+
+void SendSceneryCommands(int index, bool changed) {
+    if (changed && SomethingRuns())
+        SendSceneryState(false);
+    Send(index >= FirstCoherenceLevel && SomethingRuns() ? 225 : 226);
+}
+
+void StartOrFadeMusic() {
+    if (SomethingRuns()) {
+        if (Playing != Off || AutoPlayMusic == Off || SessionUnsaved != Off)
+            return;
+        PlaySource = On;
+        if (AlwaysFirstSong != Off)
+            CurrentListIndex = 1;
+        PlayMusic(true);
+    } else if (Playing != Off) {
+        FadeOutMusic();
+        timPlayerCheck.Enabled = false;
+    }
+}
+
+void StartOrStopSession(int index) {
+    if (FeedbackEnabled == Off) {
+        if (LevelWithEcgRuns() && DeviceReady != Off && !timProcess.Enabled)
+            StartRecording();
+        if (!SomethingRuns())
+            StopRecording();
+    }
+    if (index == 0 || !SomethingRuns())
+        StopFeedback();
+}
+
+} // namespace
+
+void ClickModeButton(int index, MouseButton button) {
+    if (button == LeftButton)
+        SelectFeedbackMode(index, false);
+    else if (button == RightButton && FeedbackEnabled == Off && !timProcess.Enabled)
+        SelectFeedbackMode(index, true);
+}
+
+void SelectFeedbackMode(int index, bool selectOnly) {
+    if (index < 0 || index >= ModeButtonCount)
+        return;
+    bool changed = false;
+    if (index == 0)
+        changed = TogglePacer(selectOnly);
+    else if (IsMode(index))
+        changed = ToggleLevel(index);
+    else
+        RunOtherButton(index);
+    if (IsMode(index))
+        ChooseMode(index);
+    const bool startsLevel = changed && index >= FirstLevelWithEcg;
+    if (startsLevel && !selectOnly && !timProcess.Enabled && SessionUnsaved != Off && !MayDropUnsaved()) {
+        GiveUpSelection(index);
+        return;
+    }
+    if (IsMode(index))
+        SendPacerState(index, selectOnly);
+    if (!IsMode(index) || selectOnly) {
+        DrawPlayerPanel();
+        RefreshSessionButtons(false);
+        return;
+    }
+    SendSceneryCommands(index, changed);
+    StartOrFadeMusic();
+    StartOrStopSession(index);
+    LastMode = FeedbackMode;
+    DrawPlayerPanel();
+    RefreshSessionButtons(false);
+}
+
+void StopFeedback() {
+    if (FeedbackEnabled == Off || TrainingActive == Off)
+        return;
+    Send(226);
+    StopMusicAndScenery();
+}
+
+} // namespace pulselark
