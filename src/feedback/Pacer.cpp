@@ -137,10 +137,8 @@ void MoveIndexInterval(int value) {
 }
 
 void MoveVolume(int value) {
-    AdjustVolume = static_cast<Integer>(std::clamp(value, 0, MostVolume));
+    AdjustMusicVolume(static_cast<Integer>(std::clamp(value, 0, MostVolume)));
     ShowSwitches();
-    RestoreVolume();
-    DrawPlayerPanel();
 }
 
 void ChoosePhi() {

@@ -116,6 +116,8 @@ void ToggleOption(int row) {
         option->Value = static_cast<Boolean>(~option->Value);
 }
 
+constexpr double TextSize = 13;
+
 /// Draws in pixels from the upper left corner.
 class RowPen {
 public:
@@ -136,7 +138,7 @@ public:
     }
     /// Text in the middle of a row that begins at `top`.
     void Text(double x, double top, const std::string& text, Colour colour, bool bold = false) const {
-        surface_.SetFont("Roboto", 13, bold);
+        surface_.SetPageFont(TextSize, bold ? 500 : 400);
         surface_.SetForeColour(colour);
         const double height = surface_.TextHeight(text);
         surface_.Print(x, height_ - top - (PlayerRowHeight - height) / 2, text);
@@ -148,8 +150,15 @@ public:
         surface_.Curve(tick, colour);
         surface_.SetDrawWidth(1);
     }
+    /// A line of 1.5 pixels through points from the upper left corner.
+    template <std::size_t N>
+    void Stroke(std::array<PanelPoint, N> points, Colour colour) const {
+        for (PanelPoint& point : points)
+            point.Y = height_ - point.Y;
+        surface_.Stroke(points, {.Ink = colour, .Width = 1.5});
+    }
     std::string Cut(const std::string& name, double share) const {
-        surface_.SetFont("Roboto", 13, false);
+        surface_.SetPageFont(TextSize, 400);
         return CutName(surface_, name, share * width_);
     }
     double TextWidth(const std::string& text) const { return surface_.TextWidth(text); }
@@ -220,6 +229,26 @@ void DrawButton(const RowPen& pen, const Column& column, int row, const std::str
     pen.Text((left + right - pen.TextWidth(shown)) / 2, RowTop(row), shown, Ink);
 }
 
+// A loudspeaker, with a stroke through it while it is mute.
+void DrawMute(const RowPen& pen) {
+    const double x = MuteColumn.Left * pen.Width() + 4;
+    const double y = RowTop(9) + PlayerRowHeight / 2 + 4;
+    pen.Stroke(std::array<PanelPoint, 7>{{{x, y - 3},
+                                          {x + 3, y - 3},
+                                          {x + 8, y - 7},
+                                          {x + 8, y + 7},
+                                          {x + 3, y + 3},
+                                          {x, y + 3},
+                                          {x, y - 3}}},
+               Ink);
+    if (imMusicOff.Visible) {
+        pen.Stroke(std::array<PanelPoint, 2>{{{x - 1, y + 8}, {x + 15, y - 8}}}, Ink);
+        return;
+    }
+    pen.Stroke(std::array<PanelPoint, 3>{{{x + 11, y - 3}, {x + 12.5, y}, {x + 11, y + 3}}}, Ink);
+    pen.Stroke(std::array<PanelPoint, 3>{{{x + 13.5, y - 6}, {x + 16, y}, {x + 13.5, y + 6}}}, Ink);
+}
+
 void DrawVolume(const RowPen& pen) {
     constexpr double Track = 2, Knob = 8;
     const double middle = RowTop(9) + PlayerRowHeight / 2 + 4;
@@ -241,6 +270,35 @@ PlayerZone PlayerZoneAt(double x, double y, double width) {
     if (y < PlayerPadding || row < 1 || row > ShownSongs + 2)
         return {};
     return row <= ShownSongs + 1 ? ZoneInRows(share, row) : ZoneInLastLine(share);
+}
+
+PlayerZonePlace PlaceOfZone(const PlayerZone& zone, double width) {
+    const auto at = [width](const Column& column, int row) {
+        return PlayerZonePlace{column.Left * width, RowTop(row), (column.Right - column.Left) * width};
+    };
+    constexpr int ButtonRow = ShownSongs + 1, LastRow = ShownSongs + 2;
+    switch (zone.What) {
+    case Kind::Song:
+        return at(SongColumn, zone.Row);
+    case Kind::ListRow:
+        return at(ListColumn, zone.Row);
+    case Kind::Option:
+        return at(OptionColumn, zone.Row);
+    case Kind::Add:
+        return at(SongColumn, ButtonRow);
+    case Kind::Remove:
+        return at(ListColumn, ButtonRow);
+    case Kind::Mute:
+        return at(MuteColumn, LastRow);
+    case Kind::Volume:
+        return at(VolumeColumn, LastRow);
+    case Kind::Close:
+        return at(CloseColumn, LastRow);
+    case Kind::Play:
+    case Kind::None:
+        break;
+    }
+    return at(PlayColumn, LastRow);
 }
 
 void HoverPlayer(const PlayerZone& zone) {
@@ -317,6 +375,7 @@ void DrawPlayer(Surface& picMCT) {
             Rule);
     DrawButton(pen, PlayColumn, 9, PlayerZoneText({Kind::Play}));
     DrawButton(pen, CloseColumn, 9, LanguageText(TextPlayerClose));
+    DrawMute(pen);
     DrawVolume(pen);
 }
 

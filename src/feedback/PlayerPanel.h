@@ -26,6 +26,12 @@ inline constexpr double PlayerPanelHeight = 10 * PlayerRowHeight + 2 * PlayerPad
 /// The zone at (x, y), pixels from the upper left corner of a panel of that width.
 PlayerZone PlayerZoneAt(double x, double y, double width);
 
+/// Where a zone lies, pixels from the upper left corner of a panel of that width; each is one row high.
+struct PlayerZonePlace {
+    double Left, Top, Width;
+};
+PlayerZonePlace PlaceOfZone(const PlayerZone& zone, double width);
+
 /// The mouse is over a zone: its row is drawn on a plate. Rows 0 for none.
 extern Integer HoverSong, HoverListRow, HoverOption;
 void HoverPlayer(const PlayerZone& zone);

@@ -6,10 +6,13 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/MIDI_OUT.h"
+#include "feedback/MidiSwitches.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
 #include "feedback/Scenery.h"
 #include "feedback/SendAppData.h"
+#include "feedback/SoundTester.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "persistence/AppSettings.h"
@@ -52,6 +55,7 @@ void ReadSettings() {
     SetDefaultSettings();
     LoadAppSettings();
     LoadTrainingSettings();
+    PlayerVolume = AdjustVolume;
     if (AutoLoadPrevConfig != Off)
         LoadConfig(PreviousConfig);
     RefreshConfigList();
@@ -83,6 +87,7 @@ void ShowModulesTick() {
     for (std::size_t i = 0; i < picModule.size(); ++i)
         picModule[i].Visible = PanelVisible[i];
     timPrintFirst.Enabled = true;
+    OpenMidiOutputAtStart();
     if (MonitorName == "Select your ECG monitor" && SessionSeconds < 1)
         ShowStatus(LanguageText(TextNoMonitorChosen));
 }
@@ -100,12 +105,17 @@ void InitApplication(bool readSettings) {
     ResetModeSelector();
     ResetPacer();
     ResetMusic();
+    ResetMidiOutput();
+    ResetMidiSwitches();
+    ResetSoundTester();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;
     timLoadingProgress.Enabled = false;
     LanguageIndex = 0;
     LoadLanguagePack();
+    FillMidiDevices(lstMidiDevice);
+    LoadMidiInstruments();
     ResetReportDocument();
     SetDisplayDefaults();
     if (readSettings)

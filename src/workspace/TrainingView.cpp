@@ -7,6 +7,7 @@
 #include "session/Training.h"
 #include "workspace/FormControls.h"
 #include "workspace/ModeButtons.h"
+#include "workspace/PlayerView.h"
 #include "workspace/TrainingArtwork.h"
 #include "workspace/TrainingPanel.h"
 #include "workspace/frmSettingsGGZ.h"
@@ -31,7 +32,7 @@ int Pixels(float twips) {
 
 TrainingView::TrainingView(QWidget* window, std::function<void(const std::function<void()>&)> run)
     : QObject(window), window_(window), run_(std::move(run)), row_(new ModeRow(window)),
-      panel_(new TrainingPanel(window, run_)) {
+      panel_(new TrainingPanel(window, run_)), player_(new PlayerView(panel_, run_)) {
     row_->hide();
     panel_->hide();
     connect(row_, &ModeRow::Clicked, this, [this](int index, int button) {
@@ -59,6 +60,7 @@ void TrainingView::LayOut() {
 void TrainingView::Retranslate() {
     row_->Retranslate();
     panel_->Retranslate();
+    player_->Retranslate();
     if (settings_ != nullptr)
         settings_->Retranslate();
 }
@@ -79,6 +81,7 @@ void TrainingView::Mirror() {
     }
     row_->Mirror();
     panel_->Mirror();
+    player_->Mirror();
     MirrorSettings();
 }
 

@@ -9,6 +9,7 @@ class QWidget;
 namespace pulselark {
 
 class ModeRow;
+class PlayerView;
 class TrainingPanel;
 class frmSettingsGGZ;
 
@@ -34,6 +35,7 @@ private:
     std::function<void(const std::function<void()>&)> run_;
     ModeRow* row_;
     TrainingPanel* panel_;
+    PlayerView* player_;
     frmSettingsGGZ* settings_ = nullptr;
     bool shown_ = false;
 };
