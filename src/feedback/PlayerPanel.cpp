@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <numbers>
 
 namespace pulselark {
 
@@ -129,12 +131,22 @@ public:
         surface_.SetForeColour(colour);
         surface_.FilledBox(left, height_ - bottom, right, height_ - top);
     }
+    /// A frame of one pixel with round corners of radius 6.
     void Frame(double left, double top, double right, double bottom, Colour colour) const {
-        surface_.SetDrawWidth(1);
-        for (const double y : {top, bottom})
-            surface_.Line(left, height_ - y, right, height_ - y, colour);
-        for (const double x : {left, right})
-            surface_.Line(x, height_ - top, x, height_ - bottom, colour);
+        constexpr int Steps = 6;
+        constexpr double Radius = 6, Quarter = std::numbers::pi / 2;
+        std::array<PanelPoint, 4 * (Steps + 1) + 1> rim;
+        std::size_t i = 0;
+        for (int corner = 0; corner < 4; ++corner) {
+            const double x = corner == 0 || corner == 3 ? right - Radius : left + Radius;
+            const double y = height_ - (corner < 2 ? top + Radius : bottom - Radius);
+            for (int step = 0; step <= Steps; ++step, ++i) {
+                const double angle = (corner + step / static_cast<double>(Steps)) * Quarter;
+                rim[i] = {x + Radius * std::cos(angle), y + Radius * std::sin(angle)};
+            }
+        }
+        rim.back() = rim.front();
+        surface_.Stroke(rim, {.Ink = colour, .Width = 1});
     }
     /// Text in the middle of a row that begins at `top`.
     void Text(double x, double top, const std::string& text, Colour colour, bool bold = false) const {
@@ -149,6 +161,16 @@ public:
         const std::array<PanelPoint, 3> tick{{{x + 3, y}, {x + 6, y - 4}, {x + 13, y + 5}}};
         surface_.Curve(tick, colour);
         surface_.SetDrawWidth(1);
+    }
+    void Disc(double x, double y, double radius, Colour colour) const {
+        constexpr std::size_t Corners = 48;
+        std::array<PanelPoint, Corners> rim;
+        double angle = 0;
+        for (PanelPoint& point : rim) {
+            point = {x + radius * std::cos(angle), height_ - y + radius * std::sin(angle)};
+            angle += 2 * std::numbers::pi / Corners;
+        }
+        surface_.FilledArea(rim, colour);
     }
     /// A line of 1.5 pixels through points from the upper left corner.
     template <std::size_t N>
@@ -169,8 +191,11 @@ private:
     double height_;
 };
 
+constexpr int LastLine = ShownSongs + 2;
+
 double RowTop(int row) {
-    return PlayerPadding + row * PlayerRowHeight; // row 0 is the heading
+    return PlayerPadding + row * PlayerRowHeight +
+           (row >= LastLine ? PlayerLineGap : 0); // row 0 is the heading
 }
 
 constexpr double TickRoom = 20;
@@ -178,6 +203,8 @@ constexpr double NumberRoom = 16;
 
 void DrawSongs(const RowPen& pen) {
     const double left = SongColumn.Left * pen.Width();
+    if (SongList[1].empty())
+        pen.Text(left + TickRoom, RowTop(1), pen.Cut(LanguageText(TextPlayerNoSongs), SongBound), Hint);
     pen.Text(left + TickRoom, RowTop(0), LanguageText(TextPlayerSongs), Ink, true);
     for (int row = 1; row <= ShownSongs; ++row) {
         if (row == HoverSong)
@@ -232,7 +259,7 @@ void DrawButton(const RowPen& pen, const Column& column, int row, const std::str
 // A loudspeaker, with a stroke through it while it is mute.
 void DrawMute(const RowPen& pen) {
     const double x = MuteColumn.Left * pen.Width() + 4;
-    const double y = RowTop(9) + PlayerRowHeight / 2 + 4;
+    const double y = RowTop(LastLine) + PlayerRowHeight / 2;
     pen.Stroke(std::array<PanelPoint, 7>{{{x, y - 3},
                                           {x + 3, y - 3},
                                           {x + 8, y - 7},
@@ -251,32 +278,35 @@ void DrawMute(const RowPen& pen) {
 
 void DrawVolume(const RowPen& pen) {
     constexpr double Track = 2, Knob = 8;
-    const double middle = RowTop(9) + PlayerRowHeight / 2 + 4;
+    const double middle = RowTop(LastLine) + PlayerRowHeight / 2;
     const double left = VolumeColumn.Left * pen.Width();
     const double right = (VolumeColumn.Right - 0.13) * pen.Width();
     const double x = left + (right - left) * PlayerVolume / 100;
     pen.Box(left, middle - Track, right, middle + Track, Rule);
     pen.Box(left, middle - Track, x, middle + Track, Teal);
-    pen.Box(x - Knob, middle - Knob, x + Knob, middle + Knob, Teal);
-    pen.Box(x - Knob + 2, middle - Knob + 2, x + Knob - 2, middle + Knob - 2, Paper);
-    pen.Text(right + 16, RowTop(9) + 4, LanguageText(TextPlayerVolume) + std::to_string(PlayerVolume), Ink);
+    pen.Disc(x, middle, Knob, Teal);
+    pen.Disc(x, middle, Knob - 2, Paper);
+    pen.Text(right + 16, RowTop(LastLine), LanguageText(TextPlayerVolume) + std::to_string(PlayerVolume),
+             Ink);
 }
 
 } // namespace
 
 PlayerZone PlayerZoneAt(double x, double y, double width) {
     const double share = x / width;
+    if (y >= RowTop(LastLine) && y < RowTop(LastLine) + PlayerRowHeight)
+        return ZoneInLastLine(share);
     const int row = static_cast<int>((y - PlayerPadding) / PlayerRowHeight);
-    if (y < PlayerPadding || row < 1 || row > ShownSongs + 2)
+    if (y < RowTop(1) || row >= LastLine)
         return {};
-    return row <= ShownSongs + 1 ? ZoneInRows(share, row) : ZoneInLastLine(share);
+    return ZoneInRows(share, row);
 }
 
 PlayerZonePlace PlaceOfZone(const PlayerZone& zone, double width) {
     const auto at = [width](const Column& column, int row) {
         return PlayerZonePlace{column.Left * width, RowTop(row), (column.Right - column.Left) * width};
     };
-    constexpr int ButtonRow = ShownSongs + 1, LastRow = ShownSongs + 2;
+    constexpr int ButtonRow = ShownSongs + 1;
     switch (zone.What) {
     case Kind::Song:
         return at(SongColumn, zone.Row);
@@ -289,16 +319,16 @@ PlayerZonePlace PlaceOfZone(const PlayerZone& zone, double width) {
     case Kind::Remove:
         return at(ListColumn, ButtonRow);
     case Kind::Mute:
-        return at(MuteColumn, LastRow);
+        return at(MuteColumn, LastLine);
     case Kind::Volume:
-        return at(VolumeColumn, LastRow);
+        return at(VolumeColumn, LastLine);
     case Kind::Close:
-        return at(CloseColumn, LastRow);
+        return at(CloseColumn, LastLine);
     case Kind::Play:
     case Kind::None:
         break;
     }
-    return at(PlayColumn, LastRow);
+    return at(PlayColumn, LastLine);
 }
 
 void HoverPlayer(const PlayerZone& zone) {
@@ -371,10 +401,10 @@ void DrawPlayer(Surface& picMCT) {
     DrawOptions(pen);
     DrawButton(pen, SongColumn, ShownSongs + 1, LanguageText(TextPlayerAdd));
     DrawButton(pen, ListColumn, ShownSongs + 1, LanguageText(TextPlayerRemove));
-    pen.Box(SongColumn.Left * pen.Width(), RowTop(9) + 2, CloseColumn.Right * pen.Width(), RowTop(9) + 3,
-            Rule);
-    DrawButton(pen, PlayColumn, 9, PlayerZoneText({Kind::Play}));
-    DrawButton(pen, CloseColumn, 9, LanguageText(TextPlayerClose));
+    pen.Box(SongColumn.Left * pen.Width(), RowTop(LastLine) + 2, CloseColumn.Right * pen.Width(),
+            RowTop(LastLine) + 3, Rule);
+    DrawButton(pen, PlayColumn, LastLine, PlayerZoneText({Kind::Play}));
+    DrawButton(pen, CloseColumn, LastLine, LanguageText(TextPlayerClose));
     DrawMute(pen);
     DrawVolume(pen);
 }

@@ -20,8 +20,9 @@ struct PlayerZone {
 
 inline constexpr double PlayerRowHeight = 32;
 inline constexpr double PlayerPadding = 16;
+inline constexpr double PlayerLineGap = 16; ///< above the last line
 /// A heading, eight rows and the line below.
-inline constexpr double PlayerPanelHeight = 10 * PlayerRowHeight + 2 * PlayerPadding;
+inline constexpr double PlayerPanelHeight = 10 * PlayerRowHeight + PlayerLineGap + 2 * PlayerPadding;
 
 /// The zone at (x, y), pixels from the upper left corner of a panel of that width.
 PlayerZone PlayerZoneAt(double x, double y, double width);

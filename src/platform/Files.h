@@ -22,9 +22,9 @@ public:
     /// there. Returns 0, or the number of the failure (52, 57, 61, 70, 75, 76).
     virtual Integer ReplaceWhole(const std::string& name, const std::string& bytes) = 0;
 
-    /// Lists the files of a folder whose names end in `extension` (".htc", in letters of either case): names
-    /// without the folder, sorted by their bytes. Returns 0, or the number of the failure (52, 57, 70, 76);
-    /// then `names` is empty.
+    /// Lists the files of a folder whose names end in `extension` (".htc", in letters of either case; an
+    /// empty one takes every file): names without the folder, sorted by their bytes. Returns 0, or the number
+    /// of the failure (52, 57, 70, 76); then `names` is empty.
     virtual Integer ListFolder(const std::string& folder, const std::string& extension,
                                std::vector<std::string>& names) = 0;
 };

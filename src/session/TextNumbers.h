@@ -407,6 +407,7 @@ enum TextNumber : int {
     TextPlayerPause = 423,
     TextPlayerMute = 424,
     TextPlayerUnmute = 425,
+    TextPlayerNoSongs = 426,
 
     // Monitors: the chooser, and the states that a monitor reports.
     TextMonitorSelect = 430,

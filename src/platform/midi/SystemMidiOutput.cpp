@@ -5,6 +5,7 @@
 
 #include <RtMidi.h>
 #include <array>
+#include <filesystem>
 
 namespace pulselark {
 
@@ -12,8 +13,12 @@ namespace {
 
 constexpr const char* PortName = "PulseLark";
 
-// The library throws where there is no sequencer, and would print what it throws.
+// The library throws where there is no sequencer, and both it and the one below it print what they miss; so
+// the device is looked for first.
 std::unique_ptr<RtMidiOut> MakeSequencer() {
+    std::error_code error;
+    if (!std::filesystem::exists("/dev/snd/seq", error))
+        return nullptr;
     try {
         auto sequencer = std::make_unique<RtMidiOut>(RtMidi::LINUX_ALSA, PortName);
         sequencer->setErrorCallback([](RtMidiError::Type, const std::string&, void*) {});

@@ -260,7 +260,7 @@ Integer SystemFiles::ListFolder(const std::string& folder, const std::string& ex
     std::filesystem::directory_iterator entry(folder, error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::error_code gone; // a file that goes while the folder is listed is no file of it
-        if (HasExtension(entry->path(), extension) && entry->is_regular_file(gone))
+        if ((extension.empty() || HasExtension(entry->path(), extension)) && entry->is_regular_file(gone))
             names.push_back(entry->path().filename().string());
     }
     if (error) {
