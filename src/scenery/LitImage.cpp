@@ -52,8 +52,8 @@ void LitImage::Relight(double light) {
 }
 
 void LitImage::DrawScrolled(QPainter& painter, double offset, int y, int width) const {
-    const double around = offset / Width();
-    const int start = -static_cast<int>((around - std::floor(around)) * Width());
+    const double within = std::fmod(offset, Width());
+    const int start = -static_cast<int>(within < 0 ? within + Width() : within);
     for (int x = start; x < width; x += Width())
         painter.drawImage(x, y, now_);
 }

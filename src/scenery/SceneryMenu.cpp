@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
 
 #include <algorithm>
 #include <array>
@@ -44,22 +45,26 @@ protected:
 
 class ThumbButton final : public MenuButton {
 public:
-    ThumbButton(const SceneryKind& kind, QWidget* parent) : MenuButton(kind.Name, parent), kind_(kind) {
+    ThumbButton(int kind, SceneryWorkshop& workshop, QWidget* parent)
+        : MenuButton(SceneryKinds()[static_cast<std::size_t>(kind)].Name, parent), kind_(kind),
+          workshop_(workshop) {
         setCheckable(true);
     }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         const QSize inner = (Plate().size() * devicePixelRatioF()).toSize();
-        if (picture_.size() != inner)
-            MakePicture(inner);
+        if (ordered_ != inner)
+            OrderPicture(inner);
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         QPainterPath shape;
         shape.addRoundedRect(Plate(), Radius, Radius);
         painter.setClipPath(shape);
-        painter.drawImage(Plate(), picture_);
+        painter.fillPath(shape, Raised);
+        if (!picture_.isNull())
+            painter.drawImage(Plate(), picture_);
         if (!isChecked() && !underMouse())
             painter.fillPath(shape, QColor(0x0A, 0x0F, 0x2B, 70));
         painter.setClipping(false);
@@ -72,13 +77,17 @@ protected:
     }
 
 private:
-    void MakePicture(QSize size) {
+    void OrderPicture(QSize size) {
         constexpr double Light = 0.85;
-        picture_ = QImage(size, QImage::Format_RGB32);
-        QPainter painter(&picture_);
-        const auto scenery = kind_.Make();
-        scenery->Resize(size, Light);
-        scenery->Draw(painter, {12, Light});
+        ordered_ = size;
+        workshop_.Order(kind_, size, Light, [self = QPointer<ThumbButton>(this)](const auto& scenery) {
+            if (self == nullptr)
+                return;
+            self->picture_ = QImage(scenery->Size(), QImage::Format_RGB32);
+            QPainter painter(&self->picture_);
+            scenery->Draw(painter, {12, Light});
+            self->update();
+        });
     }
     void PaintTick(QPainter& painter) const {
         const QPointF middle = Plate().bottomRight() - QPointF(16, 16);
@@ -91,7 +100,9 @@ private:
         painter.drawPolyline(tick.data(), static_cast<int>(tick.size()));
     }
 
-    const SceneryKind& kind_;
+    int kind_;
+    SceneryWorkshop& workshop_;
+    QSize ordered_;
     QImage picture_;
 };
 
@@ -130,16 +141,14 @@ private:
 
 } // namespace
 
-SceneryMenu::SceneryMenu(QWidget* parent) : QWidget(parent) {
+SceneryMenu::SceneryMenu(SceneryWorkshop& workshop, QWidget* parent) : QWidget(parent) {
     setAccessibleName("Sceneries");
-    int number = 0;
-    for (const SceneryKind& kind : SceneryKinds()) {
-        auto* thumb = new ThumbButton(kind, this);
+    for (int number = 0; number < static_cast<int>(SceneryKinds().size()); ++number) {
+        auto* thumb = new ThumbButton(number, workshop, this);
         connect(thumb, &QAbstractButton::clicked, this, [this, number] {
             hide();
             emit Chosen(number);
         });
-        thumb->setObjectName(QString("thumb%1").arg(number++));
         thumbs_.push_back(thumb);
         buttons_.push_back(thumb);
     }
@@ -219,6 +228,10 @@ void SceneryMenu::keyPressEvent(QKeyEvent* event) {
     default:
         QWidget::keyPressEvent(event);
     }
+}
+
+void SceneryMenu::hideEvent(QHideEvent* /*event*/) {
+    parentWidget()->setFocus();
 }
 
 // A press on the card is none on the picture behind it.

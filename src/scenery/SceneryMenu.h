@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scenery/SceneryWorkshop.h"
+
 #include <QAbstractButton>
 #include <QWidget>
 
@@ -14,7 +16,8 @@ class SceneryMenu final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit SceneryMenu(QWidget* parent);
+    /// `workshop` paints the small pictures.
+    SceneryMenu(SceneryWorkshop& workshop, QWidget* parent);
 
     /// Opens over its parent, with this scenery marked.
     void Open(int chosen);
@@ -29,6 +32,7 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 

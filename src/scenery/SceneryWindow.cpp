@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
-#include <QStyle>
 #include <QWindow>
 
 #include <algorithm>
@@ -20,14 +19,15 @@ namespace {
 
 constexpr double SceneryRate = 30; // pictures a second
 
+// The desktop's wish for no motion, as its toolkits pass it on.
 bool LessMotionWanted() {
-    return qEnvironmentVariableIntValue("PULSELARK_REDUCED_MOTION") != 0 ||
-           QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0;
+    return qEnvironmentVariableIsSet("GTK_ENABLE_ANIMATIONS") &&
+           qEnvironmentVariableIntValue("GTK_ENABLE_ANIMATIONS") == 0;
 }
 
 } // namespace
 
-SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new SceneryMenu(this)) {
+SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new SceneryMenu(workshop_, this)) {
     setWindowFlag(Qt::FramelessWindowHint);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -44,10 +44,7 @@ SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new Scener
     settled_.setSingleShot(true);
     constexpr int LastChangeOfSize = 120;
     settled_.setInterval(LastChangeOfSize);
-    connect(&settled_, &QTimer::timeout, this, [this] {
-        Fit();
-        update();
-    });
+    connect(&settled_, &QTimer::timeout, this, &SceneryWindow::OrderScenery);
     connect(menu_, &SceneryMenu::Chosen, this, &SceneryWindow::Choose);
     connect(menu_, &SceneryMenu::FullScreenWanted, this, [this] { ToggleFullScreen(); });
     connect(menu_, &SceneryMenu::EndWanted, this, &QWidget::close);
@@ -57,12 +54,11 @@ SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new Scener
 void SceneryWindow::Choose(int scenery) {
     if (scenery < 0 || scenery >= static_cast<int>(SceneryKinds().size()))
         return;
+    menu_->hide();
     chosen_ = scenery;
-    scenery_ = SceneryKinds()[static_cast<std::size_t>(scenery)].Make();
     setAccessibleDescription(SceneryKinds()[static_cast<std::size_t>(scenery)].Name);
     if (isVisible())
-        Fit();
-    update();
+        OrderScenery();
     setFocus();
 }
 
@@ -70,11 +66,25 @@ QSize SceneryWindow::DeviceSize() const {
     return (QSizeF(size()) * devicePixelRatioF()).toSize().expandedTo({1, 1});
 }
 
-void SceneryWindow::Fit() {
-    if (scenery_->Size() == DeviceSize())
-        return;
-    scenery_->Resize(DeviceSize(), state_.Light(Now()));
-    pacer_.Resize(DeviceSize());
+bool SceneryWindow::Fits() const {
+    return scenery_ != nullptr && scenery_->Size() == DeviceSize();
+}
+
+void SceneryWindow::OrderScenery() {
+    const double now = Now();
+    workshop_.Order(chosen_, DeviceSize(), state_.Light(now),
+                    [this, order = ++ordered_](const auto& scenery) {
+                        if (order != ordered_)
+                            return;
+                        scenery_ = scenery;
+                        pacer_.Resize(scenery->Size());
+                        update();
+                        Animate();
+                    });
+}
+
+bool SceneryWindow::SceneryMoves(double now) const {
+    return !state_.ScenerySettled(now) || (scenery_ != nullptr && scenery_->Relighting(state_.Light(now)));
 }
 
 void SceneryWindow::Take(const LinkMessage& message) {
@@ -99,8 +109,7 @@ QRect SceneryWindow::PacerRect() const {
 // Starts or stops the pictures, as often as what moves needs them.
 void SceneryWindow::Animate() {
     const double now = Now();
-    const bool moving = !state_.ScenerySettled(now) || scenery_->Relighting(state_.Light(now));
-    if (!isVisible() || isMinimized() || (!moving && !state_.PacerOn())) {
+    if (!isVisible() || isMinimized() || (!SceneryMoves(now) && !state_.PacerOn())) {
         frames_.stop();
         return;
     }
@@ -113,9 +122,9 @@ void SceneryWindow::Animate() {
 void SceneryWindow::NextFrame() {
     const double now = Now();
     constexpr double Early = 0.004; // a timer counts in milliseconds
-    const bool moving = !state_.ScenerySettled(now) || scenery_->Relighting(view_.Light);
     const bool due = now - drawn_ >= 1 / SceneryRate - Early;
     const SceneryView view{state_.SceneTime(now), state_.Light(now)};
+    const bool moving = !state_.ScenerySettled(now) || scenery_->Relighting(view.Light);
     if (due && moving) {
         view_ = view;
         drawn_ = now;
@@ -134,26 +143,28 @@ void SceneryWindow::paintEvent(QPaintEvent* /*event*/) {
     const double ratio = devicePixelRatioF();
     painter.scale(1 / ratio, 1 / ratio);
     const QSize wanted = DeviceSize();
-    if (scenery_->Size().isEmpty())
-        Fit();
-    painter.save();
-    if (scenery_->Size() != wanted) // while the size is being changed
+    if (scenery_ == nullptr) { // in the first moment
+        constexpr QColor Sky(0x8B, 0xC2, 0xE2);
+        painter.fillRect(QRect({0, 0}, wanted), Sky);
+        return;
+    }
+    if (!Fits()) // while the size is being changed
         painter.scale(static_cast<double>(wanted.width()) / scenery_->Size().width(),
                       static_cast<double>(wanted.height()) / scenery_->Size().height());
     scenery_->Draw(painter, view_);
     if (state_.PacerOn())
         pacer_.Draw(painter, state_.BreathAt(Now()));
-    painter.restore();
 }
 
 void SceneryWindow::resizeEvent(QResizeEvent* /*event*/) {
     menu_->Arrange();
-    if (scenery_->Size() != DeviceSize())
+    if (isVisible() && !Fits())
         settled_.start();
 }
 
 void SceneryWindow::showEvent(QShowEvent* /*event*/) {
-    Fit();
+    if (!Fits())
+        OrderScenery();
     Animate();
 }
 
@@ -163,7 +174,7 @@ void SceneryWindow::hideEvent(QHideEvent* /*event*/) {
 
 void SceneryWindow::keyPressEvent(QKeyEvent* event) {
     const int number = event->key() - Qt::Key_1;
-    if (event->key() == Qt::Key_M || event->key() == Qt::Key_Menu || event->key() == Qt::Key_Return)
+    if (event->key() == Qt::Key_M || event->key() == Qt::Key_Return)
         ShowMenu();
     else if (number >= 0 && number < static_cast<int>(SceneryKinds().size()))
         Choose(number);

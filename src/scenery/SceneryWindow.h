@@ -4,6 +4,7 @@
 #include "scenery/PartnerWindow.h"
 #include "scenery/Scenery.h"
 #include "scenery/SceneryState.h"
+#include "scenery/SceneryWorkshop.h"
 
 #include <QTimer>
 
@@ -41,14 +42,18 @@ protected:
 
 private:
     QSize DeviceSize() const;
-    void Fit();
+    bool Fits() const;
+    void OrderScenery();
+    bool SceneryMoves(double now) const;
     void Animate();
     void NextFrame();
     QRect PacerRect() const;
 
     SceneryState state_;
     int chosen_ = 0;
-    std::unique_ptr<Scenery> scenery_;
+    SceneryWorkshop workshop_;
+    std::shared_ptr<Scenery> scenery_; ///< none until the first is painted
+    int ordered_ = 0;                  ///< number of the last order; what comes of earlier ones is dropped
     PacerDisc pacer_;
     SceneryMenu* menu_;
     QTimer frames_, settled_; ///< the next picture; the end of a change of size
