@@ -17,9 +17,13 @@ namespace {
 
 class Launcher : public testing::Test {
 protected:
-    Launcher() : path_(std::getenv("PATH")) { ::setenv("PATH", (Folder.Name() + ":" + path_).c_str(), 1); }
+    Launcher() : path_(PathNow()) { ::setenv("PATH", (Folder.Name() + ":" + path_).c_str(), 1); }
     ~Launcher() override { ::setenv("PATH", path_.c_str(), 1); }
 
+    static std::string PathNow() {
+        const char* path = std::getenv("PATH");
+        return path != nullptr ? path : "/usr/bin:/bin";
+    }
     void MakeFile(const std::string& name, const std::string& text, mode_t mode) const {
         const std::string path = Folder.Name() + "/" + name;
         std::ofstream(path) << text;

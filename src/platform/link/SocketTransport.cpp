@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/uio.h>
 
@@ -61,25 +62,30 @@ bool SocketTransport::Connect(const std::string& title) {
     if (!connection.IsOpen() || ::connect(connection.Number(), place_.Get(), sizeof place_.Address) != 0 ||
         !PeerIsOwnUser(connection.Number()))
         return false;
+    const timeval patience{0, suseconds_t{LinkPatience} * 1000};
+    ::setsockopt(connection.Number(), SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+    ::fcntl(connection.Number(), F_SETFL, 0); // from here on only an answer is waited for
     connection_ = std::move(connection);
     return true;
 }
 
 SocketTransport::Answer SocketTransport::AwaitAnswer(int milliseconds) const {
     const auto end = std::chrono::steady_clock::now() + Milliseconds(milliseconds);
-    for (;;) {
+    for (auto left = Milliseconds(milliseconds);;) {
         unsigned char answer = 0;
-        const ssize_t size = ::recv(connection_.Number(), &answer, 1, MSG_DONTWAIT);
+        // The socket itself stops waiting after LinkPatience; poll is for the rest of a wait that was
+        // interrupted.
+        const ssize_t size =
+            ::recv(connection_.Number(), &answer, 1, left.count() < LinkPatience ? MSG_DONTWAIT : 0);
         if (size > 0)
             return Answer::Came;
         if (size == 0 || (errno != EAGAIN && errno != EINTR))
             return Answer::Gone;
-        const auto left =
-            std::chrono::duration_cast<Milliseconds>(end - std::chrono::steady_clock::now()).count();
-        if (left <= 0)
+        left = std::chrono::duration_cast<Milliseconds>(end - std::chrono::steady_clock::now());
+        if (left.count() <= 0)
             return Answer::Missing;
         pollfd ready{connection_.Number(), POLLIN, 0};
-        ::poll(&ready, 1, static_cast<int>(left)); // an interruption is told by the next look
+        ::poll(&ready, 1, static_cast<int>(left.count())); // an interruption is told by the next look
     }
 }
 

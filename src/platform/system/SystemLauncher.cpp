@@ -72,7 +72,7 @@ std::string FindProgram(const std::string& name) {
     std::string refused;
     for (std::size_t at = 0; at <= folders.size();) {
         const std::size_t end = std::min(folders.find(':', at), folders.size());
-        const std::string candidate = folders.substr(at, end - at) + "/" + name;
+        std::string candidate = folders.substr(at, end - at) + "/" + name;
         at = end + 1;
         if (candidate.front() != '/' || !IsFile(candidate))
             continue;
