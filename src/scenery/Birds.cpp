@@ -31,7 +31,7 @@ void DrawLark(QPainter& painter, QPointF place, double span, double time, const 
 
     const auto wing = [&](double side, const QColor& colour) { // the far one smaller and to the front
         QPainterPath path(QPointF(15 + side, -5));
-        const double tip = -12 - beat * 50;
+        const double tip = (beat < 0 ? 16 : -16) - beat * 46; // never edge-on for long
         path.cubicTo(12 + side, tip * 0.5 - 8, -6 + side, tip * 0.95 - 4, -34 + side, tip - 4);
         path.cubicTo(-29 + side, tip * 0.7, -26 + side, tip * 0.3 + 4, -17 + side, 3);
         path.closeSubpath();

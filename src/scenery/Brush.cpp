@@ -90,10 +90,10 @@ double Ridge::At(double x) const {
 }
 
 QPainterPath Ridge::Land(double bottom) const {
-    const auto width = static_cast<double>(Line.size());
+    const auto width = static_cast<int>(Line.size());
     QPainterPath path(QPointF(-1, bottom));
-    constexpr double Step = 2; // the eye sees no corner between
-    for (double x = -1; x <= width + Step; x += Step)
+    constexpr int Step = 2; // the eye sees no corner between
+    for (int x = -1; x <= width + Step; x += Step)
         path.lineTo(x, At(x));
     path.lineTo(width + Step, bottom);
     path.closeSubpath();

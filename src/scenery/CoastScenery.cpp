@@ -145,7 +145,7 @@ void CoastScenery::PaintRow(const WaveRow& row, std::uint32_t seed) {
         gradient.setColorAt(0.3, WithAlpha(water, 0.9));
         gradient.setColorAt(1, WithAlpha(water, 0));
         painter.fillPath(ridge.Land(Px(RowHeight)), gradient);
-        for (double x = 0; x < Width(); x += 2) { // foam where the crest is high
+        for (int x = 0; x < image.width(); x += 2) { // foam where the crest is high
             const double height = 1 - (ridge.At(x) - ridge.Top) / ridge.Drop;
             const double strength = std::clamp((height - 0.35) / 0.5, 0.0, 1.0);
             const double thick = std::max(1.0, Px(row.Crest * 0.16) * strength);

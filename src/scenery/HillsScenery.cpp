@@ -94,7 +94,9 @@ void HillsScenery::PaintWoods() {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         Dice dice(5);
-        for (double x = 0; x < Width(); x += Px(5)) { // a wood along the line
+        const int firs = static_cast<int>(Width() / Px(5));
+        for (int i = 0; i < firs; ++i) { // a wood along the line
+            const double x = Width() * i / firs;
             const double height = Px(dice.Between(12, 24)) * (0.5 + dice.Next());
             const double foot = ridge.At(x) + Px(3);
             Around(x, Width(),
@@ -119,7 +121,7 @@ void HillsScenery::PaintFields() {
             furrow.Top += Px(9.0 * i + 2.2 * i * i);
             furrow.Drop *= 1 - 0.07 * i;
             QPainterPath line(QPointF(-2, furrow.At(-2)));
-            for (double x = 0; x <= Width() + 2; x += 2)
+            for (int x = 0; x <= image.width() + 2; x += 2)
                 line.lineTo(x, furrow.At(x));
             painter.strokePath(line,
                                QPen(WithAlpha(i % 2 == 0 ? colours.Light : colours.Shade, 0.4), Px(1.6)));
@@ -143,8 +145,9 @@ void HillsScenery::PaintFields() {
 void HillsScenery::PaintGrass(QPainter& painter, const Ridge& ridge, std::size_t end) const {
     const LandColours& colours = Meadow.at(end);
     Dice dice(3);
-    const double spacing = 1.5;
-    for (double part = 0; part < 1; part += spacing / 1000 * Height() / Width()) {
+    const int blades = static_cast<int>(650 * Width() / Height());
+    for (int i = 0; i < blades; ++i) {
+        const double part = static_cast<double>(i) / blades;
         const double x = Width() * dice.Next();
         const double depth = part * part; // later blades stand nearer
         const double foot = ridge.At(x) + Px(8 + 190 * depth);

@@ -47,7 +47,7 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
         break;
     case WindowAction::Close:
         // The message has to be answered before the program goes.
-        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
         break;
     case WindowAction::ShowMenu:
         ComeForward();

@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
+#include <vector>
 
 namespace pulselark {
 
@@ -26,6 +28,14 @@ public:
     void Order(int kind, QSize size, double light, Deliver deliver);
 
 private:
+    struct Painted {
+        std::shared_ptr<Scenery> Picture;
+        Deliver To;
+    };
+    Q_INVOKABLE void HandOver();
+
+    std::mutex lock_; ///< of `painted_`
+    std::vector<Painted> painted_;
     QThreadPool painter_;
 };
 
