@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QWindow>
 
 #include <cerrno>
@@ -68,8 +69,7 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
 }
 
 void PartnerWindow::MoveTo(const ScenePlace& place) {
-    if (isFullScreen())
-        showNormal();
+    LeaveFullScreen();
     const double ratio = devicePixelRatioF();
     const auto pixels = [ratio](int screen) { return static_cast<int>(std::lround(screen / ratio)); };
     setGeometry(pixels(place.Left), pixels(place.Top), pixels(place.Width), pixels(place.Height));
@@ -89,24 +89,40 @@ void PartnerWindow::ComeForward() {
 }
 
 void PartnerWindow::StepBehind() {
-    if (isFullScreen())
-        showNormal();
+    LeaveFullScreen();
     StayOnTop(false);
     lower();
 }
 
+// The sizes are set and compared as well, for screens without a window manager, which would see to them.
+bool PartnerWindow::FillsScreen() const {
+    return isFullScreen() || (wide_ && geometry() == screen()->geometry());
+}
+
 void PartnerWindow::ToggleFullScreen() {
-    if (isFullScreen())
-        showNormal();
-    else
-        showFullScreen();
+    if (FillsScreen()) {
+        LeaveFullScreen();
+        return;
+    }
+    usual_ = geometry();
+    wide_ = true;
+    showFullScreen();
+    setGeometry(screen()->geometry());
+}
+
+void PartnerWindow::LeaveFullScreen() {
+    if (!FillsScreen())
+        return;
+    wide_ = false;
+    showNormal();
+    setGeometry(usual_);
 }
 
 void PartnerWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_F11)
         ToggleFullScreen();
-    else if (event->key() == Qt::Key_Escape && isFullScreen())
-        showNormal();
+    else if (event->key() == Qt::Key_Escape && FillsScreen())
+        LeaveFullScreen();
     else if (event->matches(QKeySequence::Quit) || event->matches(QKeySequence::Close))
         close();
     else

@@ -30,6 +30,7 @@ protected:
     virtual void ShowMenu() {}
 
     void ToggleFullScreen();
+    bool FillsScreen() const;
     /// Stands in front of the other windows, or behind them, until told otherwise.
     void ComeForward();
     void StepBehind();
@@ -42,11 +43,14 @@ protected:
 
 private:
     void MoveTo(const ScenePlace& place);
+    void LeaveFullScreen();
     void StayOnTop(bool on);
 
     QElapsedTimer clock_;
     PartnerListener listener_;
     std::unique_ptr<QSocketNotifier> arrived_;
+    bool wide_ = false;   ///< was told to fill the screen
+    QRect usual_;         ///< place before the whole screen was filled
     bool placed_ = false; ///< over a panel of the main program, in front of which it has to stay
 };
 

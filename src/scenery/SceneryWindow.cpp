@@ -194,7 +194,7 @@ void SceneryWindow::mousePressEvent(QMouseEvent* event) {
 void SceneryWindow::mouseMoveEvent(QMouseEvent* event) {
     constexpr double Border = 12;
     const bool far = (event->position() - pressed_).manhattanLength() >= QApplication::startDragDistance();
-    if (!dragging_ || !far || isFullScreen() || windowHandle() == nullptr ||
+    if (!dragging_ || !far || FillsScreen() || windowHandle() == nullptr ||
         !(event->buttons() & Qt::LeftButton))
         return;
     dragging_ = false;

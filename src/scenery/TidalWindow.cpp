@@ -10,13 +10,18 @@ TidalWindow::TidalWindow() : PartnerWindow("TidalRunner") {
     setMinimumSize(320, 240);
     resize(1000, 680);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    constexpr int Gathering = 33; // milliseconds
+    redraw_.setSingleShot(true);
+    redraw_.setInterval(Gathering);
+    connect(&redraw_, &QTimer::timeout, this, [this] {
+        setAccessibleDescription(DescribeTidal(state_));
+        update();
+    });
 }
 
 void TidalWindow::Take(const LinkMessage& message) {
-    if (state_.Take(message)) {
-        setAccessibleDescription(DescribeTidal(state_));
-        update();
-    }
+    if (state_.Take(message) && !redraw_.isActive())
+        redraw_.start();
     Do(orders_.Take(message), orders_.Place());
 }
 

@@ -3,6 +3,8 @@
 #include "scenery/PartnerWindow.h"
 #include "scenery/TidalState.h"
 
+#include <QTimer>
+
 namespace pulselark {
 
 /// The tidal view's window: it draws when something has come, and does nothing between.
@@ -19,6 +21,7 @@ protected:
 private:
     TidalState state_;
     WindowOrders orders_;
+    QTimer redraw_; ///< gathers what comes at once into one picture
 };
 
 } // namespace pulselark

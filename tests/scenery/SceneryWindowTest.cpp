@@ -168,10 +168,16 @@ TEST_F(SceneryWindowTest, TheMenuIsLedByTheKeyboard) {
     EXPECT_TRUE(menu->isVisible());
     QTest::keyClick(menu, Qt::Key_Escape);
     EXPECT_FALSE(menu->isVisible());
+    const QRect usual = window.geometry();
     QTest::keyClick(&window, Qt::Key_F11);
     EXPECT_TRUE(window.isFullScreen());
+    EXPECT_TRUE(Send(241)) << "the settings open";
+    EXPECT_FALSE(window.isFullScreen());
+    EXPECT_EQ(window.geometry(), usual);
+    QTest::keyClick(&window, Qt::Key_F11);
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_FALSE(window.isFullScreen());
+    EXPECT_EQ(window.geometry(), usual);
 }
 
 } // namespace
