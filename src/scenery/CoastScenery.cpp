@@ -58,6 +58,7 @@ constexpr std::array<WaveRow, 6> Rows{{
     {790, 22, 6, 80, 12, 5.2},
 }};
 constexpr int RowHeight = 130;
+constexpr int CliffHeight = 240;
 constexpr std::size_t BoatBefore = 4; // the boat stands behind this row
 
 enum Parts : std::size_t {
@@ -89,13 +90,13 @@ void CoastScenery::PaintCliff() {
     std::vector<double> line = RidgeLine(static_cast<int>(Width()), 3, 0.5, true, 12);
     for (double& item : line) // islands: only what is high stands out of the sea
         item = std::max(0.0, item * 1.5 - 0.55) / 0.95;
-    const Ridge ridge{std::move(line), Px(70), Px(122)};
-    Add(0, 190, false, [&](QImage& image, int end) {
+    const Ridge ridge{std::move(line), Px(120), Px(122)};
+    Add(0, CliffHeight, false, [&](QImage& image, int end) {
         const auto& colours = Cliff.at(static_cast<std::size_t>(end));
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         QPainterPath sea;
-        sea.addRect(QRectF(0, 0, Width(), Px(190)));
+        sea.addRect(QRectF(0, 0, Width(), Px(CliffHeight)));
         painter.setClipPath(sea);
         const double highest =
             static_cast<double>(std::max_element(ridge.Line.begin(), ridge.Line.end()) - ridge.Line.begin());
@@ -115,7 +116,7 @@ void CoastScenery::PaintCliff() {
             if (end == 0)
                 PaintGlow(painter, x, foot - Px(55), Px(60), QColor(0xFF, 0xE7, 0xA6, 170));
         });
-        FillLand(painter, ridge, Px(190), colours[0], colours[1]);
+        FillLand(painter, ridge, Px(CliffHeight), colours[0], colours[1]);
         ShadeSlopes(painter, ridge, Px(60), WithAlpha(MixColour(colours[1], Qt::white, 0.4), 0.6),
                     WithAlpha(MixColour(colours[0], Qt::black, 0.3), 0.5));
     });
@@ -156,7 +157,7 @@ void CoastScenery::PaintRow(const WaveRow& row, std::uint32_t seed) {
 
 void CoastScenery::PaintBeach() {
     const Ridge ridge{RidgeLine(static_cast<int>(Width()), 3, 0.3, false, 71), Px(60), Px(34)};
-    Add(0, 220, false, [&](QImage& image, int which) {
+    Add(0, 250, false, [&](QImage& image, int which) {
         const auto end = static_cast<std::size_t>(which);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -287,7 +288,7 @@ void CoastScenery::Compose(QPainter& painter, const SceneryView& view) {
     sun_.Draw(painter, sunX, Px(Horizon - 10 - 330 * view.Light), view.Light);
     DrawLayer(painter, view, HighClouds, 4, 20);
     DrawLayer(painter, view, LowClouds, 9, 50);
-    DrawLayer(painter, view, CliffPart, 7, Horizon - 188);
+    DrawLayer(painter, view, CliffPart, 7, Horizon - CliffHeight + 2);
     Part(SeaPart).Draw(painter, 0, static_cast<int>(Px(Horizon)));
     const double rough = 0.25 + 0.75 * (1 - view.Light);
     for (std::size_t i = 0; i < Rows.size(); ++i) {

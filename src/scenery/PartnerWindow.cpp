@@ -21,6 +21,14 @@ PartnerWindow::PartnerWindow(const QString& title)
               Take(message);
       }) {
     clock_.start();
+    // The window manager fills the screen; where there is none, nobody has done so after a while.
+    constexpr int LongEnough = 300;
+    fill_.setSingleShot(true);
+    fill_.setInterval(LongEnough);
+    connect(&fill_, &QTimer::timeout, this, [this] {
+        if (wide_ && geometry() != screen()->geometry())
+            setGeometry(screen()->geometry());
+    });
     setWindowTitle(title);
     setAccessibleName(title);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -94,7 +102,6 @@ void PartnerWindow::StepBehind() {
     lower();
 }
 
-// The sizes are set and compared as well, for screens without a window manager, which would see to them.
 bool PartnerWindow::FillsScreen() const {
     return isFullScreen() || (wide_ && geometry() == screen()->geometry());
 }
@@ -107,13 +114,14 @@ void PartnerWindow::ToggleFullScreen() {
     usual_ = geometry();
     wide_ = true;
     showFullScreen();
-    setGeometry(screen()->geometry());
+    fill_.start();
 }
 
 void PartnerWindow::LeaveFullScreen() {
     if (!FillsScreen())
         return;
     wide_ = false;
+    fill_.stop();
     showNormal();
     setGeometry(usual_);
 }

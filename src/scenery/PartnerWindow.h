@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -49,6 +50,7 @@ private:
     QElapsedTimer clock_;
     PartnerListener listener_;
     std::unique_ptr<QSocketNotifier> arrived_;
+    QTimer fill_;
     bool wide_ = false;   ///< was told to fill the screen
     QRect usual_;         ///< place before the whole screen was filled
     bool placed_ = false; ///< over a panel of the main program, in front of which it has to stay
