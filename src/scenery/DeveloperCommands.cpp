@@ -1,6 +1,7 @@
 #include "scenery/DeveloperCommands.h"
 
 #include "scenery/BreathPhase.h"
+#include "scenery/OverlayColour.h"
 #include "scenery/PacerDisc.h"
 #include "scenery/Scenery.h"
 #include "scenery/TidalPicture.h"
@@ -77,7 +78,7 @@ int RunPictureOfScenery(const PictureOptions& options) {
         scenery->Draw(painter, {options.Level >= 2 ? options.At : 0.0, light});
         if (options.Level == 0 || options.Level == 1) {
             PacerDisc pacer;
-            pacer.Resize(size);
+            pacer.Resize(size, OverlayColour(0));
             pacer.Draw(painter, BreathPhase().At(options.At));
         }
     }
@@ -101,7 +102,7 @@ int RunSceneryBench(double seconds, int width, int height) {
     std::printf("%d x %d, %d pictures each\n", width, height, pictures);
     PrintCost("bare copy", floor, floor);
     PacerDisc pacer;
-    pacer.Resize(image.size());
+    pacer.Resize(image.size(), OverlayColour(0));
     for (const SceneryKind& kind : SceneryKinds()) {
         const auto scenery = kind.Make();
         QElapsedTimer timer;

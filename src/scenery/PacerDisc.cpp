@@ -12,13 +12,13 @@ namespace pulselark {
 namespace {
 
 constexpr QColor Ink(0xF4, 0xF8, 0xFF);
-constexpr QColor Plate(0x12, 0x1B, 0x3C);
 constexpr double Share = 0.19;    // of the picture's shorter side
 constexpr double PlateSize = 1.3; // of the turning circle
 
 } // namespace
 
-void PacerDisc::Resize(QSize picture) {
+void PacerDisc::Resize(QSize picture, const QColor& plate) {
+    ground_ = plate;
     radius_ = std::max(8.0, std::min(picture.width(), picture.height()) * Share);
     centre_ = QPointF(picture.width() / 2.0, picture.height() * 0.5);
     const int side = static_cast<int>(std::ceil(2 * radius_ * PlateSize)) + 2;
@@ -29,7 +29,7 @@ void PacerDisc::Resize(QSize picture) {
     QPainter painter(&plate_);
     const QPointF middle = centre_ - area_.topLeft();
     QRadialGradient gradient(middle, radius_ * PlateSize);
-    QColor colour = Plate;
+    QColor colour = plate;
     for (const auto& [at, alpha] :
          {std::pair{0.0, 168}, std::pair{0.78, 160}, std::pair{0.86, 96}, std::pair{1.0, 0}}) {
         colour.setAlpha(alpha);
@@ -61,7 +61,7 @@ void PacerDisc::Draw(QPainter& painter, const Breath& breath) const {
     // The arrow keeps its size, that of the smallest disc, so that it is no second motion.
     const double arm = radius_ * 0.15;
     const double up = breath.In ? -1 : 1;
-    QPen pen(breath.In ? Plate : Ink, std::max(1.5, radius_ / 26), Qt::SolidLine, Qt::RoundCap,
+    QPen pen(breath.In ? ground_ : Ink, std::max(1.5, radius_ / 26), Qt::SolidLine, Qt::RoundCap,
              Qt::RoundJoin);
     painter.setPen(pen);
     const std::array head{centre_ + QPointF(-arm, up * -arm * 0.1), centre_ + QPointF(0, up * arm * 0.9),

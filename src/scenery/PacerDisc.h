@@ -2,6 +2,7 @@
 
 #include "scenery/BreathPhase.h"
 
+#include <QColor>
 #include <QImage>
 #include <QPainter>
 #include <QRect>
@@ -13,7 +14,8 @@ namespace pulselark {
 /// it is seen on every scenery. Lengths are device pixels.
 class PacerDisc {
 public:
-    void Resize(QSize picture);
+    /// `plate`: the colour behind the disc, dark.
+    void Resize(QSize picture, const QColor& plate);
     /// What the pacer covers.
     QRect Area() const { return area_; }
     void Draw(QPainter& painter, const Breath& breath) const;
@@ -22,6 +24,7 @@ private:
     QRect area_;
     QPointF centre_;
     double radius_ = 0; ///< of the circle where the breath turns
+    QColor ground_;
     QImage plate_;
 };
 

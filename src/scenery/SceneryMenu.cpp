@@ -16,9 +16,8 @@ namespace pulselark {
 namespace {
 
 constexpr int Padding = 16, Gap = 12, Rim = 4, Radius = 8, ButtonSide = 36;
-constexpr QColor Card(0x14, 0x1D, 0x50, 235);
 constexpr QColor Edge(0xFF, 0xFF, 0xFF, 61);
-constexpr QColor Raised(0x30, 0x38, 0x65);
+constexpr QColor Raised(0xFF, 0xFF, 0xFF, 41);
 constexpr QColor Ink(0xFF, 0xFF, 0xFF);
 constexpr QColor Teal(0x1F, 0x6F, 0x6A);
 
@@ -163,7 +162,10 @@ SceneryMenu::SceneryMenu(SceneryWorkshop& workshop, QWidget* parent) : QWidget(p
     hide();
 }
 
-void SceneryMenu::Open(int chosen) {
+void SceneryMenu::Open(int chosen, QColor card) {
+    constexpr int NearlySolid = 235;
+    card.setAlpha(NearlySolid);
+    card_ = card;
     for (std::size_t i = 0; i < thumbs_.size(); ++i)
         thumbs_[i]->setChecked(static_cast<int>(i) == chosen);
     Arrange();
@@ -195,7 +197,7 @@ void SceneryMenu::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(Edge, 1));
-    painter.setBrush(Card);
+    painter.setBrush(card_);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 12, 12);
 }
 

@@ -19,8 +19,8 @@ public:
     /// `workshop` paints the small pictures.
     SceneryMenu(SceneryWorkshop& workshop, QWidget* parent);
 
-    /// Opens over its parent, with this scenery marked.
-    void Open(int chosen);
+    /// Opens over its parent, with this scenery marked, on a card of this colour.
+    void Open(int chosen, QColor card);
     /// Keeps its place in the middle of its parent.
     void Arrange();
 
@@ -39,6 +39,7 @@ protected:
 private:
     void Move(int by);
 
+    QColor card_;
     std::vector<QAbstractButton*> thumbs_;  ///< one for each scenery, in their order
     std::vector<QAbstractButton*> buttons_; ///< all, in the order of the keyboard
 };

@@ -1,5 +1,6 @@
 #include "scenery/SceneryWindow.h"
 
+#include "scenery/OverlayColour.h"
 #include "scenery/SceneryMenu.h"
 
 #include <QApplication>
@@ -12,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pulselark {
 
@@ -77,7 +79,7 @@ void SceneryWindow::OrderScenery() {
                         if (order != ordered_)
                             return;
                         scenery_ = scenery;
-                        pacer_.Resize(scenery->Size());
+                        pacer_.Resize(scenery->Size(), OverlayColour(state_.Scheme()));
                         update();
                         Animate();
                     });
@@ -91,13 +93,17 @@ void SceneryWindow::Take(const LinkMessage& message) {
     const bool paced = state_.PacerOn();
     const WindowAction action = state_.Take(message, Now());
     Do(action, state_.Place());
+    if (std::exchange(scheme_, state_.Scheme()) != state_.Scheme() && scenery_ != nullptr) {
+        pacer_.Resize(scenery_->Size(), OverlayColour(scheme_));
+        update();
+    }
     if (paced != state_.PacerOn())
         update();
     Animate();
 }
 
 void SceneryWindow::ShowMenu() {
-    menu_->Open(chosen_);
+    menu_->Open(chosen_, OverlayColour(state_.Scheme()));
 }
 
 QRect SceneryWindow::PacerRect() const {

@@ -51,6 +51,7 @@ private:
 
     SceneryState state_;
     int chosen_ = 0;
+    int scheme_ = 0; ///< in whose colours the pacer is painted
     SceneryWorkshop workshop_;
     std::shared_ptr<Scenery> scenery_; ///< none until the first is painted
     int ordered_ = 0;                  ///< number of the last order; what comes of earlier ones is dropped
