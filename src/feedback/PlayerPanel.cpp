@@ -251,7 +251,7 @@ void DrawButton(const RowPen& pen, const Column& column, int row, const std::str
     constexpr double Inset = 2;
     const double left = column.Left * pen.Width();
     const double right = column.Right * pen.Width() - 4;
-    pen.Frame(left, RowTop(row) + Inset, right, RowTop(row + 1) - Inset, ControlEdge);
+    pen.Frame(left, RowTop(row) + Inset, right, RowTop(row) + PlayerRowHeight - Inset, ControlEdge);
     const std::string shown = pen.Cut(text, column.Right - column.Left - 16 / pen.Width());
     pen.Text((left + right - pen.TextWidth(shown)) / 2, RowTop(row), shown, Ink);
 }

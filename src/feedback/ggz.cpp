@@ -5,6 +5,7 @@
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "session/AnalysisBuffers.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
@@ -150,6 +151,9 @@ void LayoutTrainingPanel() {
     picGGZPlace.PanelTop = picGGZPlace.RowTop + picGGZPlace.RowHeight + margin;
     picGGZPlace.PanelHeight = frmCanvas.Height - Workspace.StatusHeight - margin - picGGZPlace.PanelTop;
     DrawBellCurve();
+    picRestoreGame.Visible = true; // the scenery, once it is there, stands in front of it
+    if (labRestoreGame.Caption.empty())
+        labRestoreGame.Caption = LanguageText(TextSceneryLoading);
 }
 
 void ResetTraining() {

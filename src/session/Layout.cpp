@@ -1,6 +1,7 @@
 #include "session/Layout.h"
 
 #include "feedback/SendAppData.h"
+#include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/RedrawPanels.h"
 
@@ -22,6 +23,12 @@ void DefaultLayout() {
 
 void LayoutCanvas() {
     const WorkspaceMetrics& room = Workspace;
+    if (TrainingActive != Off && picGamePlace.Width > 0) {
+        SceneRect = {(room.WindowLeft + picGamePlace.Left) / TwipsToThePixel,
+                     (room.WindowTop + picGamePlace.Top) / TwipsToThePixel,
+                     picGamePlace.Width / TwipsToThePixel, picGamePlace.Height / TwipsToThePixel};
+        return;
+    }
     const float lost = 2 * room.Gap;
     SceneRect = {(room.WindowLeft + room.Gap) / TwipsToThePixel,
                  (room.WindowTop + room.TopBarHeight + room.Gap) / TwipsToThePixel,

@@ -7,7 +7,8 @@ namespace pulselark {
 /// is.
 void DefaultLayout();
 
-/// Fills `SceneRect` for the window's present place and size: the scenery takes the room of the panels.
+/// Fills `SceneRect` for the window's present place and size: the scenery takes its place in the training
+/// view, or else the room of the panels.
 void LayoutCanvas();
 
 } // namespace pulselark

@@ -13,6 +13,7 @@ std::array<std::array<Integer, 7>, PanelRows> PanelRects;
 std::array<PreviewPlace, PanelRows> ConfigPreview;
 WorkspaceMetrics Workspace;
 PanelPlace DragOutline;
+PanelPlace picGamePlace;
 std::array<int, ModulePanelCount> PanelOrder{0, 1, 2, 3, 4, 5, 6};
 int ActivePanel = -1;
 
@@ -45,6 +46,7 @@ void ResetModulePanels() {
     }
     PanelRects = {};
     DragOutline = {};
+    picGamePlace = {};
     PanelOrder = {0, 1, 2, 3, 4, 5, 6};
     ActivePanel = -1;
 }

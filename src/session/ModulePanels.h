@@ -68,6 +68,9 @@ extern WorkspaceMetrics Workspace;
 /// The outline of a panel that is being moved or sized, at its new place; `Visible` while a drag goes on.
 extern PanelPlace DragOutline;
 
+/// Place of the scenery in the training view, within the main window; a width of 0 for none.
+extern PanelPlace picGamePlace;
+
 /// Panels from the hindmost to the foremost.
 extern std::array<int, ModulePanelCount> PanelOrder;
 

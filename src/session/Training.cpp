@@ -38,7 +38,7 @@ void EndTraining(int configuration) {
         CloseTrainingSettings();
     StopSong();
     EndModes();
-    labBFStart.Visible = false;
+    labBFStart.Visible = picRestoreGame.Visible = false;
     TrainingActive = Off;
     TrainingPanelOpen = Off;
     AppLinkOnly = Off;

@@ -86,7 +86,8 @@ void PlayerView::Place() {
     const QSize area = parentWidget()->size();
     const int wide = std::min(CardWidth, area.width() - 32);
     const int high = static_cast<int>(PlayerPanelHeight) + 2 * CardEdge;
-    const QRect place((area.width() - wide) / 2, (area.height() - high) / 2, wide, high);
+    // At the right, beside the scenery, which is a window of its own and would lie on it.
+    const QRect place(area.width() - wide - 16, (area.height() - high) / 2, wide, high);
     if (place == geometry() && surface_.Width() > 0)
         return;
     setGeometry(place);

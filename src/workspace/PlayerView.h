@@ -19,7 +19,7 @@ public:
     PlayerView(QWidget* parent, std::function<void(const std::function<void()>&)> run);
     ~PlayerView() override;
 
-    /// Shows or hides the card, in the middle of the parent.
+    /// Shows or hides the card, at the right of the parent.
     void Mirror();
     void Retranslate();
 

@@ -2,16 +2,20 @@
 
 #include "analysis/ColourSchemes.h"
 #include "feedback/ModeSelector.h"
+#include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "platform/qt/QtColour.h"
+#include "session/Layout.h"
 #include "session/MainBuffers.h"
+#include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Settings.h"
 #include "session/Training.h"
 #include "workspace/FormControls.h"
 #include "workspace/Icons.h"
 #include "workspace/Look.h"
+#include "workspace/SceneCover.h"
 #include "workspace/Texts.h"
 #include "workspace/TrainingArtwork.h"
 #include "workspace/TrainingControls.h"
@@ -82,13 +86,15 @@ QString WindowSpan() {
 TrainingPanel::TrainingPanel(QWidget* parent, std::function<void(const std::function<void()>&)> run)
     : QWidget(parent), run_(std::move(run)), labBFStart_(new StartNotice(this)),
       source_(new SourceSwitch(this)),
-      labBFSettings_(new ActionButton("labBFSettings", ActionButton::Sign::None, this)) {
+      labBFSettings_(new ActionButton("labBFSettings", ActionButton::Sign::None, this)),
+      cover_(new SceneCover(this)) {
     setObjectName("picGGZ");
     picGGZ = &surface_;
     picSD = &bell_;
     surface_.OnDrawn = [this] { update(); };
     connect(source_, &SourceSwitch::Chosen, this,
             [this](bool stored) { run_([stored] { ChooseTrainingSource(stored); }); });
+    connect(cover_, &QAbstractButton::clicked, this, [this] { run_(&ClickRestoreGame); });
     Retranslate();
 }
 
@@ -165,7 +171,33 @@ void TrainingPanel::PlaceControls() {
     labBFSettings_->setGeometry(beside ? x + source.width() + 12 : x, y, std::min(settings.width(), wide),
                                 settings.height());
     y += settings.height() + 20;
-    labBFStart_->setGeometry(x, y, std::min(wide, 360), labBFStart_->WantedHeight());
+    const int noticeWide = std::min(wide, 360);
+    if (Large(*this)) // on the card, which it replaces for its seconds
+        labBFStart_->setGeometry(x + (wide - noticeWide) / 2,
+                                 static_cast<int>(HeadBottom()) + 20 +
+                                     (CardHeight - labBFStart_->WantedHeight()) / 2,
+                                 noticeWide, labBFStart_->WantedHeight());
+    else
+        labBFStart_->setGeometry(x, y, noticeWide, labBFStart_->WantedHeight());
+    labBFStart_->raise();
+    PlaceScenery(y);
+}
+
+// The scenery's room is what is left of the left column. Where that is too small, the scenery takes the whole
+// view, and there is no cover.
+void TrainingPanel::PlaceScenery(int top) {
+    constexpr int LeastWidth = 200, LeastHeight = 110;
+    const TrainingParts parts = TrainingPartsFor(size());
+    const QRect room(static_cast<int>(parts.Left.left()), top, static_cast<int>(parts.Left.width()),
+                     static_cast<int>(parts.Rule) - 20 - top);
+    const bool fits = room.width() >= LeastWidth && room.height() >= LeastHeight;
+    cover_->setGeometry(fits ? room : QRect());
+    const QPoint corner = mapTo(window(), room.topLeft());
+    const auto twips = [](int pixels) { return static_cast<float>(pixels * 15); };
+    picGamePlace =
+        fits ? PanelPlace{twips(corner.x()), twips(corner.y()), twips(room.width()), twips(room.height()), On}
+             : PanelPlace{};
+    LayoutCanvas();
 }
 
 void TrainingPanel::resizeEvent(QResizeEvent* /*event*/) {
@@ -180,6 +212,7 @@ void TrainingPanel::Mirror() {
     source_->SetStored(FeedbackEnabled != Off);
     source_->setEnabled(SessionRunning == Off);
     labBFStart_->Mirror();
+    cover_->Mirror();
     const QStringList all{CardTitle(),
                           CardText(),
                           Text(TextSessionScore) + " " + QString::fromStdString(labDI[0].Caption),

@@ -9,6 +9,7 @@
 namespace pulselark {
 
 class ActionButton;
+class SceneCover;
 class SourceSwitch;
 class StartNotice;
 
@@ -35,6 +36,7 @@ protected:
 private:
     bool ArtworkIsStale() const;
     void PlaceControls();
+    void PlaceScenery(int top);
     double HeadBottom() const;
     double CardBottom() const;
     void PaintHead(QPainter& painter) const;
@@ -50,6 +52,7 @@ private:
     StartNotice* labBFStart_;
     SourceSwitch* source_;
     ActionButton* labBFSettings_;
+    SceneCover* cover_;
     int backgroundShown_ = -1;
     int schemeShown_ = -1;
     double modeShown_ = -1;
