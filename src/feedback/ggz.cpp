@@ -107,10 +107,12 @@ void DrawBellCurve() {
     constexpr int Reach = 30;
     constexpr Colour BellColour = MakeColour(0xAE, 0xBE, 0xF5);
     std::array<PanelPoint, 2 * Reach + 1> points{};
-    for (int i = -Reach; i <= Reach; ++i) {
+    int i = -Reach;
+    for (PanelPoint& point : points) {
         const double x = i * 100.0 / 60 + 50;
         const double y = BellCurve(i) * 100;
-        points[static_cast<std::size_t>(i + Reach)] = {x / 100 * picSD->Width(), y / 100 * picSD->Height()};
+        point = {x / 100 * picSD->Width(), y / 100 * picSD->Height()};
+        ++i;
     }
     picSD->Clear();
     picSD->SetDrawWidth(1);

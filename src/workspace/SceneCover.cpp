@@ -3,6 +3,7 @@
 #include "session/MainControls.h"
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
+#include "workspace/Texts.h"
 #include "workspace/TrainingArtwork.h"
 
 #include <QPainter>
@@ -39,11 +40,14 @@ SceneCover::SceneCover(QWidget* parent) : QAbstractButton(parent) {
     setCursor(Qt::PointingHandCursor);
     FocusRing::Of(window()).Watch(this, Corner, Ground::Form);
     hide();
+    Mirror();
 }
 
 void SceneCover::Mirror() {
     setVisible(picRestoreGame.Visible && width() > 0);
-    const QString caption = QString::fromStdString(labRestoreGame.Caption).trimmed();
+    const QString caption = labRestoreGame.Caption.empty()
+                                ? Text(TextScenery)
+                                : QString::fromStdString(labRestoreGame.Caption).trimmed();
     if (caption == text())
         return;
     setText(caption);
