@@ -6,6 +6,7 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/MidiSwitches.h"
 #include "feedback/SendAppData.h"
 #include "platform/Platform.h"
 #include "quickscan/QsPage.h"
@@ -187,7 +188,7 @@ void ChooseLanguage(int language) {
 }
 
 void SwitchBiofeedback() {
-    MidiInPanels = static_cast<Boolean>(~MidiInPanels);
+    ToggleMidiPanels();
 }
 
 void SetSpectrumDepthKnob(Integer position) {

@@ -2,12 +2,16 @@
 
 #include "analysis/ColourSchemes.h"
 #include "analysis/History.h"
+#include "feedback/MIDI_OUT.h"
+#include "feedback/MidiSwitches.h"
+#include "feedback/SoundTester.h"
 #include "session/MainBuffers.h"
 #include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
 #include "workspace/Look.h"
 #include "workspace/SettingsTiles.h"
 #include "workspace/SideWindowParts.h"
+#include "workspace/SoundPad.h"
 #include "workspace/Texts.h"
 
 #include <QHBoxLayout>
@@ -189,22 +193,41 @@ void frmSettings::BuildBiofeedback(QVBoxLayout* column) {
     Ring().Watch(lstMidiDevice_, 4);
     deviceRows->addWidget(lstMidiDevice_);
     card->Add(devices);
-    card->AddSpace(8);
-    picST_ = new ActionButton("picST", ActionButton::Sign::Note, card);
-    Ring().Watch(picST_, ControlRadius);
+    connect(lstMidiDevice_, &FormList::RowChosen, this, [this](int row) {
+        ChooseMidiDevice(row);
+        Tell(callbacks_.Changed);
+    });
+    auto* instrument = new QLabel(card);
+    picMidiList_ = new FormList("picMidiList", 4, card);
+    Ring().Watch(picMidiList_, 4);
+    connect(picMidiList_, &FormList::RowChosen, this, [this](int row) {
+        ChooseMidiInstrument(row + FirstInstrumentRow);
+        Tell(callbacks_.Changed);
+    });
+    card->AddSpace(12);
+    card->Add(instrument);
+    card->AddSpace(4);
+    card->Add(picMidiList_);
+    auto* tester = new QLabel(card);
+    picST_ = new SoundPad(card);
+    Ring().Watch(picST_, 4);
+    connect(picST_, &SoundPad::Dragged, this, [this](double dx, double dy) {
+        DragSoundTester(dx, dy);
+        Tell(callbacks_.Changed);
+    });
+    card->AddSpace(12);
+    card->Add(tester);
+    card->AddSpace(4);
     card->Add(picST_);
-    for (QWidget* control : {static_cast<QWidget*>(picBFOnOff_), static_cast<QWidget*>(picST_)})
-        control->setEnabled(false);
-    texts_.append([this, card, caption] {
-        const QString why = TextOr(TextNoSoundOutput, "There is no sound output yet");
+    texts_.append([this, card, caption, instrument, tester] {
         card->SetHint(Text(TextGroupBiofeedbackChannel));
         caption->setText(Text(TextSoundWithPanels));
         picBFOnOff_->setAccessibleName(Text(TextSoundWithPanels));
-        picBFOnOff_->setToolTip(why);
         lstMidiDevice_->setAccessibleName(Text(TextMidiDevice));
-        lstMidiDevice_->SetRows({}, -1, Text(TextNoDevices));
-        picST_->SetCaption(Text(TextTestSounds));
-        picST_->setToolTip(why);
+        instrument->setText(Text(TextInstrument));
+        picMidiList_->setAccessibleName(Text(TextInstrument));
+        tester->setText(Text(TextTestSounds));
+        picST_->setAccessibleName(Text(TextTestSounds));
     });
 }
 
@@ -347,7 +370,19 @@ void frmSettings::ShowMarks() {
     picHisStyle_->setAccessibleDescription(QString::number(HistoryStyle));
     picStyle_->setAccessibleDescription(Text(TextSchemeMidnight + ColourSchemeIndex));
     picBFOnOff_->setChecked(MidiInPanels != Off);
+    ShowSound();
     labLang_->SetRows(LanguageNames(), LanguageIndex, QString());
+}
+
+void frmSettings::ShowSound() {
+    QStringList devices;
+    for (const MidiDevice& device : lstMidiDevice)
+        devices << QString::fromStdString(device.Name);
+    lstMidiDevice_->SetRows(devices, MidiDeviceIndex, Text(TextNoDevices));
+    QStringList instruments;
+    for (const std::string& name : MidiInstrumentNames)
+        instruments << QString::fromStdString(name);
+    picMidiList_->SetRows(instruments, MidiInstrument, Text(TextNoDevices));
 }
 
 void frmSettings::Retranslate() {

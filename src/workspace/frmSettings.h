@@ -12,6 +12,7 @@ namespace pulselark {
 
 class ActionButton;
 class FormList;
+class SoundPad;
 class FormSwitch;
 class Knob;
 class TileStrip;
@@ -41,6 +42,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void ShowSound();
     FormCard* AddCard(QVBoxLayout* column, int title);
     void BuildGeneral(QVBoxLayout* column);
     void BuildLanguage(QVBoxLayout* column);
@@ -67,7 +69,8 @@ private:
     std::array<Knob*, SettingsKnobCount> knobs_{};
     std::array<QLabel*, SettingsKnobCount> values_{};
     FormSwitch* picBFOnOff_ = nullptr;
-    ActionButton* picST_ = nullptr;
+    FormList* picMidiList_ = nullptr;
+    SoundPad* picST_ = nullptr;
     FormList* lstMidiDevice_ = nullptr;
     FormList* labLang_ = nullptr;
     TileStrip* picHisStyle_ = nullptr;

@@ -6,6 +6,7 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/MIDI_OUT.h"
 #include "session/AnalysisBuffers.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -331,6 +332,7 @@ TEST_F(SettingsActions, LanguageColourSetAndBiofeedbackAreTakenOver) {
     SetColourScheme(4);
     EXPECT_EQ(LanguageIndex, 16);
     EXPECT_EQ(ColourSchemeIndex, 4);
+    FillMidiDevices(lstMidiDevice);
     SwitchBiofeedback();
     EXPECT_EQ(MidiInPanels, On);
     SwitchBiofeedback();

@@ -9,9 +9,12 @@
 #include "analysis/InputCD.h"
 #include "analysis/Spectrum.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/MIDI_OUT.h"
+#include "feedback/MidiSwitches.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
 #include "feedback/SendAppData.h"
+#include "feedback/SoundTester.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "persistence/Configuration.h"
@@ -59,6 +62,9 @@ void PutEverythingBack() {
     ResetModeSelector();
     ResetPacer();
     ResetMusic();
+    ResetMidiOutput();
+    ResetMidiSwitches();
+    ResetSoundTester();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;
