@@ -130,7 +130,7 @@ void SceneryWindow::NextFrame() {
     constexpr double Early = 0.004; // a timer counts in milliseconds
     const bool due = now - drawn_ >= 1 / SceneryRate - Early;
     const SceneryView view{state_.SceneTime(now), state_.Light(now)};
-    const bool moving = !state_.ScenerySettled(now) || scenery_->Relighting(view.Light);
+    const bool moving = SceneryMoves(now);
     if (due && moving) {
         view_ = view;
         drawn_ = now;
