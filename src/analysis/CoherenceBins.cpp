@@ -11,8 +11,6 @@ namespace pulselark {
 double QsCoherencePercent = 0;
 Integer ScanPeakA = 0;
 Integer ScanPeakB = 0;
-double SessionScore = 0;
-double DynamicIndex = 0;
 
 namespace {
 

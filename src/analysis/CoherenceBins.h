@@ -13,8 +13,6 @@ inline constexpr double FullCoherence = 0.11;
 extern double QsCoherencePercent; ///< mean of the series in percent of `FullCoherence`
 extern Integer ScanPeakA;         ///< the same, rounded, for the channel the histogram was made for
 extern Integer ScanPeakB;
-extern double SessionScore; ///< score of the session so far, whole, 0 to 100
-extern double DynamicIndex; ///< score of the newest window, or of the quick scan's page, whole, 0 to 100
 
 /// Sorts `series[endSecond - window]` to `series[endSecond]` into `CoherenceBins`: bin b holds values of b
 /// tenths of `FullCoherence`, rounded with ties to even, bin 10 all above as well. Values of bin 0 count

@@ -25,7 +25,8 @@ const std::array Watched{NamedLabel{"labBFStart", &labBFStart},
                          NamedLabel{"labBPMB", &labBPMB},
                          NamedLabel{"labDI0", &labDI[0]},
                          NamedLabel{"labDI1", &labDI[1]},
-                         NamedLabel{"labCurrentSong", &labCurrentSong}};
+                         NamedLabel{"labCurrentSong", &labCurrentSong},
+                         NamedLabel{"labRestoreGame", &labRestoreGame}};
 
 std::string OneLine(std::string text) {
     for (char& letter : text) {
@@ -35,18 +36,26 @@ std::string OneLine(std::string text) {
     return text;
 }
 
+std::string Hexadecimal(std::span<const unsigned char> bytes) {
+    constexpr std::string_view Figures = "0123456789abcdef";
+    std::string text;
+    for (const unsigned char byte : bytes) {
+        text += Figures[byte >> 4U];
+        text += Figures[byte & 15U];
+    }
+    return text;
+}
+
 } // namespace
 
 EventTrace::EventTrace(Sink sink)
-    : sink_(std::move(sink)),
-      before_(ThePlatform()), own_{before_.Clock, before_.Files,       before_.FileDialogs,
-                                   *this,         before_.MessageLoop, before_.Progress},
+    : sink_(std::move(sink)), before_(ThePlatform()),
+      own_{before_.Clock, before_.Files, before_.FileDialogs, *this, before_.MessageLoop, before_.Progress,
+           *this,         *this},
       shown_(Watched.size()) {
     InstallPlatform(own_);
     theTrace = this;
-    AfterStatus = [] {
-        theTrace->Write("status", labStatus.Caption);
-    };
+    AfterStatus = [] { theTrace->Write("status", labStatus.Caption); };
     AfterTrainingTick = [] {
         theTrace->Write("score",
                         std::to_string(Round(SessionScore)) + " " + std::to_string(Round(DynamicIndex)));
@@ -82,6 +91,16 @@ void EventTrace::Write(const std::string& kind, const std::string& text) {
 int EventTrace::Show(const std::string& text, int buttons) {
     Write("message", text);
     return before_.Messages.Show(text, buttons);
+}
+
+bool EventTrace::Send(const std::string& title, std::span<const unsigned char> payload) {
+    Write("link", Hexadecimal(payload));
+    return before_.PartnerTransport.Send(title, payload);
+}
+
+int EventTrace::Execute(const LaunchRequest& request) {
+    Write("launch", request.Parameters.empty() ? request.File : request.File + " " + request.Parameters);
+    return before_.ProgramLauncher.Execute(request);
 }
 
 } // namespace pulselark

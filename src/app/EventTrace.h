@@ -17,7 +17,7 @@ namespace pulselark {
 /// - `message`: a message that is shown
 /// Tabs and ends of line within a text are written as blanks. There is one trace at a time; it stands between
 /// the core and the platform that was installed before it, and takes itself away again.
-class EventTrace final : private Messages {
+class EventTrace final : private Messages, private PartnerTransport, private ProgramLauncher {
 public:
     using Sink = std::function<void(const std::string& line)>;
     explicit EventTrace(Sink sink);
@@ -30,6 +30,8 @@ public:
 
 private:
     int Show(const std::string& text, int buttons) override;
+    bool Send(const std::string& title, std::span<const unsigned char> payload) override;
+    int Execute(const LaunchRequest& request) override;
     void Write(const std::string& kind, const std::string& text);
     void WriteLine(const std::string& kind, const std::string& text);
 

@@ -38,6 +38,11 @@ struct PageControl {
     double Height = 0;
 };
 
+/// A picture that is shown or not.
+struct Picture {
+    bool Visible = false;
+};
+
 /// A timer of the user-interface thread. Whoever runs the timers calls `Handler` each time `Interval`
 /// milliseconds have passed while `Enabled` is set; a one-shot timer disables itself in its handler.
 struct Timer {

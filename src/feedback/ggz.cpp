@@ -5,7 +5,9 @@
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "session/AnalysisBuffers.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
+#include "session/MainControls.h"
 #include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Settings.h"
@@ -133,7 +135,19 @@ void RedrawTraining() {
     ShowScores();
 }
 
+namespace {
+
+// The cover stands where the scenery is to come.
+void ShowCover() {
+    picRestoreGame.Visible = labRestoreGame.Visible = true;
+    if (labRestoreGame.Caption.empty())
+        labRestoreGame.Caption = LanguageText(TextSceneryLoading);
+}
+
+} // namespace
+
 void LayoutTrainingPanel() {
+    ShowCover();
     constexpr float Twips = 15;
     constexpr float SideMargin = 240;
     constexpr float RowMargin = 180;   // above and below the mode row, and below the panel
@@ -160,8 +174,11 @@ void ResetTraining() {
 
 void StopMusicAndScenery() {
     FadeOutMusic();
+    timStopScrollGame.Enabled = true;
 }
 
-void RestoreScenery() {}
+void RestoreScenery() {
+    picRestoreGame.Visible = true;
+}
 
 } // namespace pulselark

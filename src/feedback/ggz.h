@@ -56,9 +56,9 @@ extern TrainingPlaces picGGZPlace;
 /// Puts scores and captions to their start values.
 void ResetTraining();
 
-/// Ends the music and the scenery of a training session.
+/// Ends the music and, a little later, the scrolling of the scenery.
 void StopMusicAndScenery();
-/// The scenery shows again what a file dialog has hidden.
+/// A file dialog has hidden the scenery: its cover stands in.
 void RestoreScenery();
 
 } // namespace pulselark

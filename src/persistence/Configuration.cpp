@@ -1,6 +1,8 @@
 #include "persistence/Configuration.h"
 
 #include "base/FlagWhile.h"
+#include "feedback/Scenery.h"
+#include "feedback/SendAppData.h"
 #include "persistence/ConfigFile.h"
 #include "persistence/ConfigFolder.h"
 #include "persistence/FileMessages.h"
@@ -69,11 +71,19 @@ void Apply(const std::string& name) {
             FallBack(outcome, name);
             return;
         }
+        picGamePassive.Visible = picRestoreGame.Visible = false;
+    } else {
+        StartWideFeedback();
     }
     LayoutCanvas();
     OpenAllPanels(true);
     for (std::size_t i = 0; i < picModule.size(); ++i)
         picModule[i].Visible = PanelVisible[i];
+}
+
+void BringSceneryBack() {
+    if (TrainingActive != Off)
+        SendAppCommand(CmdRestoreView);
 }
 
 void TellPreviewFailure() {
@@ -96,6 +106,7 @@ void LoadConfig(int which) {
         if (which == DefaultConfig)
             TrainingActive = Off;
         Apply(*name);
+        BringSceneryBack();
     } catch (const Failure& failure) {
         FallBack({failure.Number, 0}, ConfigFolder());
     }
@@ -112,6 +123,7 @@ void SaveConfig(int which) {
         return;
     }
     RefreshConfigList();
+    BringSceneryBack();
 }
 
 void LoadConfigPreview(int index) {

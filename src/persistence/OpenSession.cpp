@@ -66,14 +66,17 @@ FileOutcome ReadIntoBuffers(const std::string& name, const std::string& bytes) {
 void PrepareTraining() {
     if (TrainingActive == Off)
         return;
-    SendAppCommand(240, 0, 0, 0, 0);
-    SendAppCommand(231, 0, 0, 0, 0);
+    SendAppCommand(CmdRestoreView);
+    SendAppCommand(CmdPacerOff);
     RestoreScenery();
     if (FeedbackEnabled != Off) {
         ModeRunning.fill(Off);
         ModeRunning[2] = On;
         FeedbackMode = 2;
         ApplyModeState();
+        SendAppCommand(CmdSetLevel, FeedbackMode);
+        SendAppCommand(CmdLevelDone);
+        timStartScrollDelayed.Enabled = true;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "persistence/SaveSession.h"
 
+#include "feedback/Scenery.h"
 #include "persistence/SaveSteps.h"
 #include "persistence/SessionFile.h"
 #include "platform/Platform.h"
@@ -12,6 +13,12 @@ namespace pulselark {
 
 Integer WriteSessionFile(const std::string& name) {
     return WriteShown(name, &SessionText);
+}
+
+void SaveSessionFromMenu() {
+    if (TrainingActive != Off && SessionUnsaved != Off)
+        PrepareForFileDialog();
+    SaveSession();
 }
 
 void SaveSession() {

@@ -11,6 +11,9 @@ namespace pulselark {
 /// else the number of the failure, which the user has been told; the session then stays unsaved.
 void SaveSession();
 
+/// The same from the file menu: in training the scenery is told before the dialog hides it.
+void SaveSessionFromMenu();
+
 /// Writes the session in the buffers as file `name`, whole or not at all. Returns 0 or the failure's number.
 Integer WriteSessionFile(const std::string& name);
 

@@ -5,6 +5,8 @@
 #include "platform/Files.h"
 #include "platform/MessageLoop.h"
 #include "platform/Messages.h"
+#include "platform/PartnerTransport.h"
+#include "platform/ProgramLauncher.h"
 #include "platform/Progress.h"
 
 namespace pulselark {
@@ -17,6 +19,8 @@ struct Platform {
     class Messages& Messages;
     class MessageLoop& MessageLoop;
     class Progress& Progress;
+    class PartnerTransport& PartnerTransport;
+    class ProgramLauncher& ProgramLauncher;
 };
 
 /// The platform must outlive every later call of the core.

@@ -7,7 +7,7 @@ namespace pulselark {
 /// is.
 void DefaultLayout();
 
-/// Places the parts of the canvas window for its present size.
+/// Fills `SceneRect` for the window's present place and size: the scenery takes the room of the panels.
 void LayoutCanvas();
 
 } // namespace pulselark

@@ -22,6 +22,7 @@ Boolean SessionRunning, DeviceReady, DryTesting, SessionPaused, StopRequested;
 Boolean LoadingSession, SavingSession, Rescanning, SeekBusy, SessionUnsaved, DialogOpen;
 Boolean TrainingActive;
 double FeedbackMode;
+double SessionScore, DynamicIndex;
 std::array<Boolean, 4> ModeRunning;
 Boolean FeedbackEnabled, AppLinkOnly, QuickScanResultShown, QuickScanFresh;
 Boolean ChannelBPresent;
@@ -56,6 +57,7 @@ void SetStartValues() {
     LoadingSession = SavingSession = Rescanning = SeekBusy = SessionUnsaved = DialogOpen = Off;
     TrainingActive = Off;
     FeedbackMode = -1;
+    SessionScore = DynamicIndex = 0;
     ModeRunning.fill(Off);
     FeedbackEnabled = On;
     AppLinkOnly = QuickScanResultShown = Off;

@@ -67,6 +67,8 @@ extern Boolean DialogOpen;     ///< a file dialog is up; start 0
 extern Boolean TrainingActive; ///< the training mode with scenery is on; start 0
 extern double FeedbackMode;    ///< -1 none, 0 pacer, 1 baroreflex, 2 and 3 the coherence modes; start -1
 extern std::array<Boolean, 4> ModeRunning; ///< for each feedback mode, whether its session runs; start 0
+extern double SessionScore;                ///< score of the session so far, 0 to 100, a whole number; start 0
+extern double DynamicIndex;                ///< score of the sliding window, 0 to 100, a whole number; start 0
 extern Boolean FeedbackEnabled;            ///< a replay drives feedback as a recording would; start -1
 extern Boolean AppLinkOnly;          ///< ticks only talk to the application link, no panel is drawn; start 0
 extern Boolean QuickScanResultShown; ///< a finished quick scan is on show; start 0

@@ -11,6 +11,9 @@ std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 std::array<Label, 2> labQSMenu;
 PageControl picSliderAv, picAvUp, picAvDown;
 
+Picture picGamePassive, picRestoreGame;
+Label labRestoreGame;
+
 PictureButton picStartSmp, picReplay, picStop;
 
 Timer timReplay{"timReplay", ReplayInterval};
@@ -26,16 +29,38 @@ Timer timStartUp{"timStartUp", 100};
 Timer timShowModules{"timShowModules", 1500};
 Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
+Timer timManualCloseScenery{"timManualCloseScenery", 5000};
+Timer timRestoreGameFirst{"timRestoreGameFirst", 2000};
+Timer timStopScrollGame{"timStopScrollGame", 1500};
+Timer timStartScrollDelayed{"timStartScrollDelayed", 2000};
+Timer timSendGameSetup{"timSendGameSetup", 3500};
+Timer timShellExDelayed{"timShellExDelayed", 2000};
+Timer timStartRYB{"timStartRYB", 2000};
 
 void (*AfterStatus)() = nullptr;
 
 namespace {
 
-constexpr std::array AllTimers{&timReplay,      &timProcess,     &timStop,
-                               &timLedBlink,    &timPause,       &timBlockMovieCommands,
-                               &timPlayerCheck, &timABMode,      &timLoadingProgress,
-                               &timStartUp,     &timShowModules, &timPrintFirst,
-                               &timQS};
+constexpr std::array AllTimers{&timReplay,
+                               &timProcess,
+                               &timStop,
+                               &timLedBlink,
+                               &timPause,
+                               &timBlockMovieCommands,
+                               &timPlayerCheck,
+                               &timABMode,
+                               &timLoadingProgress,
+                               &timStartUp,
+                               &timShowModules,
+                               &timPrintFirst,
+                               &timQS,
+                               &timManualCloseScenery,
+                               &timRestoreGameFirst,
+                               &timStopScrollGame,
+                               &timStartScrollDelayed,
+                               &timSendGameSetup,
+                               &timShellExDelayed,
+                               &timStartRYB};
 
 } // namespace
 
@@ -45,8 +70,9 @@ std::span<Timer* const> SessionTimers() {
 
 void ResetMainControls() {
     AfterStatus = nullptr;
-    for (Label* label : {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting,
-                         &labNoSession, &labChannelMode, &labLoading, &labQSMenu[0], &labQSMenu[1]})
+    for (Label* label :
+         {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting, &labNoSession,
+          &labChannelMode, &labLoading, &labRestoreGame, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
     for (CaptionLabel* label :
          {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,
@@ -58,6 +84,7 @@ void ResetMainControls() {
         timer->Enabled = false;
     timLoadingProgress.Enabled = true;
     timReplay.Interval = ReplayInterval;
+    picGamePassive.Visible = picRestoreGame.Visible = false;
     picStartSmp.Frame = 1;
     picReplay.Frame = FrameReplayBlocked;
     picStop.Frame = FrameStopBlocked;

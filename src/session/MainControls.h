@@ -27,6 +27,10 @@ extern std::array<Label, 2> labQSMenu;     ///< 0 the quick scan's button, 1 the
 extern PageControl picSliderAv; ///< the smoothing slider of the quick scan's spectrum
 extern PageControl picAvUp;     ///< its buttons: more smoothing
 extern PageControl picAvDown;   ///< and less
+// The place of the scenery: its still picture, and the cover that stands in for it, with its caption.
+extern Picture picGamePassive;
+extern Picture picRestoreGame;
+extern Label labRestoreGame;
 
 // Buttons of the top bar, by the frame of their strip.
 extern PictureButton picStartSmp; ///< record: frame of the colour scheme's row
@@ -61,6 +65,15 @@ extern Timer timStartUp;            ///< second stage of start-up
 extern Timer timShowModules;        ///< third stage of start-up
 extern Timer timPrintFirst;         ///< first paint of all panels
 extern Timer timQS;                 ///< the countdown of a quick scan
+
+// Timers of the partner programs, each of which runs once.
+extern Timer timManualCloseScenery; ///< the scenery should be there by now
+extern Timer timRestoreGameFirst;   ///< ends the notice that the scenery has to be restored first
+extern Timer timStopScrollGame;     ///< stops the scenery a while after its replay
+extern Timer timStartScrollDelayed; ///< lets the scenery scroll a while after a file was opened
+extern Timer timSendGameSetup;      ///< tells the scenery that has started how things stand
+extern Timer timShellExDelayed;     ///< starts the scenery
+extern Timer timStartRYB;           ///< tells the breathing tool that has started how things stand
 
 inline constexpr Long ReplayInterval = 1000;
 inline constexpr Long TimeLapseInterval = 37500;

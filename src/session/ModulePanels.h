@@ -59,6 +59,8 @@ struct WorkspaceMetrics {
     float TitleHeight = 28 * 15;  ///< of a panel's picTopBar
     float ModeBarWidth = 72 * 15; ///< of a panel's picCMAll, the marks at the right of its title bar
     float ScreenWidth = 1920 * 15;
+    float WindowLeft = 0; ///< the window's place on the screen
+    float WindowTop = 0;
     float Gap = 12 * 15; ///< between panels of the built-in layout, and around them
 };
 extern WorkspaceMetrics Workspace;

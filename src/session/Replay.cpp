@@ -25,18 +25,19 @@ bool FeedbackFromReplay() {
 }
 
 void StartTrainingReplay(bool keepPlayer) {
+    timStopScrollGame.Enabled = false; // what the replay before has left to do is overtaken
     if (FeedbackMode <= 1)
-        SendAppCommand(231, 0, 0, 0, 0);
-    SendAppCommand(TimeLapseReplay != Off ? 237 : 238, 0, 0, 0, 0);
+        SendAppCommand(CmdPacerOff);
+    SendAppCommand(TimeLapseReplay != Off ? CmdReplayLong : CmdReplayNormal);
     if (FeedbackEnabled == Off)
         return;
     if (FeedbackMode < 1)
         FeedbackMode = 2;
     ModeRunning.at(static_cast<std::size_t>(std::clamp(FeedbackMode, 0.0, 3.0))) = On;
     ApplyModeState();
-    SendAppCommand(222, FeedbackMode, 0, 0, 0);
+    SendAppCommand(CmdSetLevel, FeedbackMode);
     if (FeedbackMode >= 2)
-        SendAppCommand(225, 0, 0, 0, 0);
+        SendAppCommand(CmdStartScroll);
     PlayMusic(keepPlayer);
 }
 
@@ -55,7 +56,7 @@ void EndReplay() {
     ShowStatus(SessionName + LanguageText(TextReplayEnded));
     RefreshSessionButtons(false);
     if (FeedbackFromReplay())
-        SendAppCommand(226, 0, 0, 0, 0);
+        SendAppCommand(CmdStopScroll);
 }
 
 void ReplayTick() {

@@ -28,7 +28,7 @@ bool TrainingInModeUpTo(double mode) {
 }
 
 void SendSecondToLink() {
-    SendAppCommand(243, SessionTick, 0, 0, 0);
+    SendAppCommand(CmdTick, SessionTick);
     SendAppArray(1);
     SendAppArray(0);
     SendCoherenceValue();

@@ -1,6 +1,8 @@
 #include "session/SessionTimers.h"
 
 #include "analysis/ColourSchemes.h"
+#include "feedback/PartnerTools.h"
+#include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
 #include "quickscan/QuickScan.h"
 #include "session/LanguageTable.h"
@@ -86,6 +88,8 @@ void InstallTimerHandlers() {
     timPause.Handler = &PauseTick;
     timBlockMovieCommands.Handler = &UnblockTick;
     timQS.Handler = &QsTimerTick;
+    InstallSceneryTimers();
+    InstallToolTimers();
 }
 
 } // namespace pulselark

@@ -6,6 +6,7 @@
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
+#include "feedback/SendAppData.h"
 #include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/Layout.h"
@@ -173,8 +174,10 @@ std::string SettingActionCaption(int index) {
 }
 
 void SetColourScheme(int scheme) {
-    if (scheme >= 0 && scheme < ColourSchemeCount)
-        ColourSchemeIndex = static_cast<Integer>(scheme);
+    if (scheme < 0 || scheme >= ColourSchemeCount)
+        return;
+    ColourSchemeIndex = static_cast<Integer>(scheme);
+    SendAppCommand(CmdStyle + scheme);
 }
 
 void ChooseLanguage(int language) {

@@ -43,7 +43,8 @@ void RunSettingAction(int index);
 /// What stands on an action.
 std::string SettingActionCaption(int index);
 
-/// Chooses a colour set, 0 to 4; any other does nothing. The panels are for the window to lay out anew.
+/// Chooses a colour set, 0 to 4; any other does nothing. The partner program hears of it; the panels are for
+/// the window to lay out anew.
 void SetColourScheme(int scheme);
 
 /// Chooses one of the named languages, 0 to 16; any other does nothing. The texts are for the windows to set.

@@ -16,9 +16,9 @@ namespace pulselark {
 namespace {
 
 void TellPartners() {
-    SendAppCommand(TrainingActive != Off ? 227 : 321, 0, 0, 0, 0);
+    SendAppCommand(TrainingActive != Off ? CmdCloseScenery : CmdStopNoTraining);
     if (AppLinkOnly != Off)
-        SendAppCommand(227, 0, 0, 0, 0);
+        SendAppCommand(CmdCloseScenery);
 }
 
 void EndRecording() {

@@ -8,6 +8,8 @@
 #include "analysis/SpectrumPanel.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
+#include "feedback/Scenery.h"
+#include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "persistence/AppSettings.h"
@@ -70,6 +72,8 @@ void StartUpTick() {
     timShowModules.Interval = stagesWait ? ShowModulesInterval : 1;
     timShowModules.Enabled = true;
     StartingUp = Off;
+    if (TrainingActive != Off)
+        LaunchDelayed("WideFB.exe");
 }
 
 void ShowModulesTick() {
@@ -94,6 +98,7 @@ void InitApplication(bool readSettings) {
     ResetModeSelector();
     ResetPacer();
     ResetMusic();
+    ResetAppLink();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;

@@ -3,6 +3,7 @@
 #include "feedback/FeedbackModes.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
+#include "feedback/Scenery.h"
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
@@ -41,7 +42,9 @@ void EndTraining(int configuration) {
     TrainingActive = Off;
     TrainingPanelOpen = Off;
     AppLinkOnly = Off;
-    SendAppCommand(227, 0, 0, 0, 0);
+    picRestoreGame.Visible = false;
+    timManualCloseScenery.Enabled = timSendGameSetup.Enabled = false;
+    SendAppCommand(CmdCloseScenery);
     LoadConfig(configuration);
     RefreshSessionButtons(true);
     KeepSettings();
@@ -91,16 +94,22 @@ void ClickTrainingSettings() {
     }
     StopFeedback();
     TrainingSettingsOpen = On;
-    SendAppCommand(241, 0, 0, 0, 0);
+    SendAppCommand(CmdSettingsOpen);
 }
 
 void CloseTrainingSettings() {
     TrainingSettingsOpen = Off;
-    SendAppCommand(242, 0, 0, 0, 0);
-    SendAppCommand(240, 0, 0, 0, 0);
+    SendAppCommand(CmdSettingsClosed);
+    SendAppCommand(CmdRestoreView);
 }
 
 void ChooseScenery() {
+    if (picRestoreGame.Visible) {
+        if (TrainingSettingsOpen != Off)
+            CloseTrainingSettings();
+        RefuseSceneryChoice();
+        return;
+    }
     ThePlatform().Messages.Show(LanguageText(TextChooseSceneryThere), ButtonOK);
 }
 

@@ -1,5 +1,6 @@
 #include "workspace/MainMenus.h"
 
+#include "feedback/PartnerTools.h"
 #include "persistence/Configuration.h"
 #include "persistence/OpenSession.h"
 #include "persistence/SaveSession.h"
@@ -56,7 +57,7 @@ void MainMenus::AddGreyed(QMenu* menu, int text, const char* name) {
 void MainMenus::BuildFileMenu() {
     open_ = AddCore(file_, TextMenuOpenSession, "labOpenSession", &OpenSessionFromMenu);
     open_->setShortcut(QKeySequence::Open);
-    save_ = AddCore(file_, TextMenuSaveSession, "labSaveSession", &SaveSession);
+    save_ = AddCore(file_, TextMenuSaveSession, "labSaveSession", &SaveSessionFromMenu);
     save_->setShortcut(QKeySequence::Save);
     AddGreyed(file_, TextMenuSessionDocument, "labSessionDocument");
     file_->addSeparator();
@@ -77,8 +78,8 @@ void MainMenus::BuildToolsMenu() {
     Add(tools_, TextMenuLanguageEditor, "labLanguageEditor", routines_.LanguageEditor);
     Add(tools_, TextMenuSnapshot, "labSnapshot", routines_.Snapshot)->setShortcut(QKeySequence("Ctrl+P"));
     tools_->addSeparator();
-    AddGreyed(tools_, TextMenuBreathingTool, "labBreathingTool");
-    AddGreyed(tools_, TextMenuStoneGarden, "labStoneGarden");
+    AddCore(tools_, TextMenuBreathingTool, "labBreathingTool", &StartBreathingTool);
+    AddCore(tools_, TextMenuStoneGarden, "labStoneGarden", &StartStoneGarden);
     tools_->addSeparator();
     priorities_ = new QActionGroup(tools_);
     for (const bool high : {false, true}) {

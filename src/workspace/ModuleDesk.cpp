@@ -139,6 +139,9 @@ void ModuleDesk::MeasureWindow(const QSize& window, int topBar, int statusLine, 
     Workspace.TitleHeight = static_cast<float>(titleBar) * Twips;
     Workspace.ModeBarWidth = TitleBar::MarksWidth * Twips;
     Workspace.Gap = static_cast<float>(gap) * Twips;
+    const QPoint place = window_->mapToGlobal(QPoint());
+    Workspace.WindowLeft = static_cast<float>(place.x()) * Twips;
+    Workspace.WindowTop = static_cast<float>(place.y()) * Twips;
     frmCanvas.Width = static_cast<float>(window.width()) * Twips;
     frmCanvas.Height = static_cast<float>(window.height()) * Twips;
     titleHeight_ = titleBar;

@@ -29,7 +29,8 @@ QString ExtensionOf(const std::string& filter) {
 
 } // namespace
 
-WindowPlatform::WindowPlatform() : platform_{clock_, files_, *this, *this, *this, *this} {
+WindowPlatform::WindowPlatform()
+    : platform_{clock_, files_, *this, *this, *this, *this, partners_, programs_} {
     InstallPlatform(platform_);
 }
 

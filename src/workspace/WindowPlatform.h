@@ -1,8 +1,10 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/link/SocketTransport.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
+#include "platform/system/SystemLauncher.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -39,6 +41,8 @@ private:
 
     SystemClock clock_;
     SystemFiles files_;
+    SocketTransport partners_;
+    SystemLauncher programs_;
     Platform platform_;
     bool unattended_ = false;
     QPointer<QWidget> owner_;

@@ -7,6 +7,7 @@
 #include "analysis/HistoryStyles.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/PanelDrawing.h"
+#include "feedback/PartnerTools.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "platform/qt/QtColour.h"
@@ -15,6 +16,7 @@
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/Settings.h"
+#include "session/SettingsActions.h"
 #include "session/Training.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
@@ -115,6 +117,7 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
     addSeparator();
     AddLayout();
     addSeparator();
+    AddTidalView();
     AddColourSets();
     AddToggle(TextToggleSolidGraphs, "labSolidGraphs", SolidGraphs, lookChanged_);
     AddHistoryStyles();
@@ -207,12 +210,19 @@ void frmViewMenu::ListConfigurations() {
     }
 }
 
+void frmViewMenu::AddTidalView() {
+    QAction* action = AddEntry(this, TextMenuTidalView, "labTidalView",
+                               [] { AppLinkOnly == Off ? StartTidalView() : LeaveTidalView(); });
+    action->setCheckable(true);
+    marks_.append([action] { action->setChecked(AppLinkOnly != Off); });
+}
+
 void frmViewMenu::AddColourSets() {
     QMenu* menu = AddSubmenu(TextColourSet, "picSetStyle");
     for (int scheme = 0; scheme < ColourSchemeCount; ++scheme) {
         QAction* action =
             AddEntry(menu, TextSchemeMidnight + scheme, QString("picStyle%1").arg(scheme), [this, scheme] {
-                ColourSchemeIndex = static_cast<Integer>(scheme);
+                SetColourScheme(scheme);
                 lookChanged_();
             });
         action->setCheckable(true);

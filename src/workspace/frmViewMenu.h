@@ -26,6 +26,7 @@ private:
     void AddPanels();
     void AddMainView();
     void AddLayout();
+    void AddTidalView();
     void AddColourSets();
     void AddHistoryStyles();
     void AddAveraging();

@@ -79,7 +79,8 @@ def expected(seconds, coherence, ibi_avg, mode, interval):
 
 def commands(seconds):
     """What opening and replaying sends, by second: the mode is chosen after the start, which takes 2."""
-    opening = [(1, (number, p1, 0, 0, 0)) for number, p1 in ((240, 0), (231, 0), (238, 0), (222, 2), (225, 0))]
+    numbers = ((226, 0), (240, 0), (231, 0), (222, 2), (223, 0), (238, 0), (222, 2), (225, 0))
+    opening = [(1, (number, p1, 0, 0, 0)) for number, p1 in numbers]
     return opening + [(seconds, (226, 0, 0, 0, 0))]
 
 

@@ -133,6 +133,34 @@ public:
     void Hide() override { --Visible; }
 };
 
+/// Keeps every message. `Found` says whether there is a partner to take it.
+class FakePartners final : public PartnerTransport {
+public:
+    struct Message {
+        std::string Title;
+        std::vector<unsigned char> Payload;
+    };
+    std::vector<Message> Sent;
+    bool Found = true;
+
+    bool Send(const std::string& title, std::span<const unsigned char> payload) override {
+        Sent.push_back({title, {payload.begin(), payload.end()}});
+        return Found;
+    }
+};
+
+/// Keeps every wish to start a program, and answers with `Result`.
+class FakePrograms final : public ProgramLauncher {
+public:
+    std::vector<LaunchRequest> Started;
+    int Result = LaunchedResult;
+
+    int Execute(const LaunchRequest& request) override {
+        Started.push_back(request);
+        return Result;
+    }
+};
+
 class FakePlatform {
 public:
     FakePlatform() { InstallPlatform(platform_); }
@@ -145,9 +173,11 @@ public:
     FakeMessages Boxes;
     FakeMessageLoop Loop;
     FakeProgress Bar;
+    FakePartners Partners;
+    FakePrograms Programs;
 
 private:
-    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar};
+    Platform platform_{Time, Disk, Dialogs, Boxes, Loop, Bar, Partners, Programs};
 };
 
 } // namespace pulselark

@@ -11,6 +11,7 @@
 #include "analysis/SpectrumPanel.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
+#include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "persistence/Configuration.h"
@@ -62,6 +63,7 @@ void PutEverythingBack() {
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;
+    ResetAppLink();
     SetProgramFolder("");
     LanguageIndex = 0;
     LanguageTable.Clear();

@@ -8,7 +8,8 @@ namespace pulselark {
 /// A file descriptor that is closed on every way out.
 class FileDescriptor {
 public:
-    explicit FileDescriptor(int number = -1) : number_(number) {}
+    FileDescriptor() = default;
+    explicit FileDescriptor(int number) : number_(number) {}
     FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     FileDescriptor& operator=(FileDescriptor&& other) noexcept {
         if (this != &other) {
@@ -29,7 +30,7 @@ public:
     }
 
 private:
-    int number_;
+    int number_ = -1;
 };
 
 } // namespace pulselark

@@ -95,8 +95,7 @@ void PartnerListener::HandleArrived() {
             AcceptConnections();
             continue;
         }
-        while (HandlePacket(descriptor)) {
-        }
+        HandlePacket(descriptor);
     }
 }
 
@@ -115,25 +114,21 @@ void PartnerListener::AcceptConnections() {
     }
 }
 
-// Whether there may be another packet.
-bool PartnerListener::HandlePacket(int connection) {
+void PartnerListener::HandlePacket(int connection) {
     // One byte more than the longest packet, so that a longer one does not pass for it.
     std::array<unsigned char, LinkLargestPacket + 1> packet;
     const ssize_t size = ::recv(connection, packet.data(), packet.size(), 0);
-    if (size < 0 && errno == EINTR)
-        return true;
-    if (size < 0 && errno == EAGAIN)
-        return false;
+    if (size < 0 && (errno == EINTR || errno == EAGAIN))
+        return; // it stays ready for the next time
     if (size <= 0) {
         Forget(connection);
-        return false;
+        return;
     }
     const LinkBytes payload = PayloadOfPacket({packet.data(), static_cast<std::size_t>(size)});
     if (!payload.empty())
         handler_(payload);
     // A sender that is gone, or does not take its answers, is no concern of the partner.
     static_cast<void>(::send(connection, &LinkAnswer, 1, MSG_NOSIGNAL));
-    return true;
 }
 
 void PartnerListener::Forget(int connection) {

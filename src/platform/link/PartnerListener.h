@@ -30,16 +30,16 @@ public:
     /// One descriptor for `poll` or a socket notifier: ready to be read whenever `HandleArrived` has work.
     int Descriptor() const { return events_.Number(); }
 
-    /// Takes in everything that has arrived, in order, without waiting: new connections (those of another
-    /// user are refused), messages, ends of connections. A packet that breaks the format is answered and
-    /// dropped.
+    /// Takes in what has arrived, without waiting: new connections (those of another user are refused), ends
+    /// of connections, and of each connection one message, since its sender waits for the answer. What there
+    /// is beyond that leaves the descriptor ready. A packet that breaks the format is answered and dropped.
     void HandleArrived();
 
 private:
     int Bind();
     void Watch(int descriptor);
     void AcceptConnections();
-    bool HandlePacket(int connection);
+    void HandlePacket(int connection);
     void Forget(int connection);
 
     std::string title_;

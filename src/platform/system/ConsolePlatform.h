@@ -6,11 +6,14 @@
 
 namespace pulselark {
 
-/// The platform of the command line: no window, no dialog, no progress. A message is not shown, since the
-/// command that caused it tells of its failure itself; its answer is the most careful button.
+/// The platform of the command line: no window, no dialog, no progress, no other program. A message is not
+/// shown, since the command that caused it tells of its failure itself; its answer is the most careful
+/// button.
 class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
 public:
-    ConsolePlatform() : platform_{clock_, files_, *this, *this, *this, *this} { InstallPlatform(platform_); }
+    ConsolePlatform() : platform_{clock_, files_, *this, *this, *this, *this, partners_, programs_} {
+        InstallPlatform(platform_);
+    }
 
     std::optional<std::string> ChooseFileToOpen(const std::string& /*start*/,
                                                 const std::string& /*filter*/) override {
@@ -29,6 +32,8 @@ public:
 private:
     SystemClock clock_;
     SystemFiles files_;
+    NoPartners partners_;
+    NoPrograms programs_;
     Platform platform_;
 };
 
