@@ -5,6 +5,7 @@
 #include "feedback/ggz.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/SessionTick.h"
 
 #include <array>
 #include <utility>
@@ -36,6 +37,10 @@ std::string OneLine(std::string text) {
     return text;
 }
 
+std::string Whole(double value) {
+    return std::to_string(Round(value));
+}
+
 std::string Hexadecimal(std::span<const unsigned char> bytes) {
     constexpr std::string_view Figures = "0123456789abcdef";
     std::string text;
@@ -56,14 +61,16 @@ EventTrace::EventTrace(Sink sink)
     InstallPlatform(own_);
     theTrace = this;
     AfterStatus = [] { theTrace->Write("status", labStatus.Caption); };
-    AfterTrainingTick = [] {
-        theTrace->Write("score",
-                        std::to_string(Round(SessionScore)) + " " + std::to_string(Round(DynamicIndex)));
+    AfterSecond = [] {
+        if (TrainingActive != Off)
+            theTrace->Write("score", Whole(SessionScore) + " " + Whole(DynamicIndex));
+        else
+            theTrace->WriteChanges();
     };
 }
 
 EventTrace::~EventTrace() {
-    AfterStatus = AfterTrainingTick = nullptr;
+    AfterStatus = AfterSecond = nullptr;
     theTrace = nullptr;
     InstallPlatform(before_);
 }

@@ -31,7 +31,7 @@ struct ScanOptions {
     bool Training = false;
     bool ChannelB = false;
     Integer Language = 0;
-    Integer Smoothing = 0;
+    Integer Smoothing = 4;
 };
 
 bool TakeWhole(const std::string& text, Integer most, Integer& value) {

@@ -18,7 +18,6 @@ namespace pulselark {
 
 std::array<Label, 2> labDI;
 Integer WindowScale = 50;
-void (*AfterTrainingTick)() = nullptr;
 TrainingPlaces picGGZPlace;
 
 namespace {
@@ -124,8 +123,6 @@ void TickTraining() {
         SendFeedbackValue();
     ShowScores();
     ShowCurrentSong();
-    if (AfterTrainingTick != nullptr)
-        AfterTrainingTick();
 }
 
 void RedrawTraining() {
@@ -168,7 +165,6 @@ void LayoutTrainingPanel() {
 void ResetTraining() {
     labDI = {};
     WindowScale = LargeScale;
-    AfterTrainingTick = nullptr;
     picGGZPlace = {};
 }
 

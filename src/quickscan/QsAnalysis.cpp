@@ -118,6 +118,7 @@ void QsMeasure() {
 
 void ResetQsAnalysis() {
     QsSpectrumSize = 0;
+    QsSpectrum.Fill(0);
     for (const ScanChannel* channel : {&ScanA, &ScanB})
         channel->Power1 = channel->Power2 = channel->PowerRatio = channel->MeanHeartRate = 0;
 }

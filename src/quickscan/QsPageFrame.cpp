@@ -10,10 +10,9 @@ Boolean QsPrinting = Off;
 
 namespace {
 
-constexpr double TextPercent = 1.1;
 constexpr double LinePercent = 1.5;
-constexpr double UnderPlot = 0.4;      // distance of a scale's labels below it
-constexpr double LeastTextHeight = 11; // of the screen
+constexpr double UnderPlot = 0.4;        // distance of a scale's labels below it
+constexpr double LeastTextHeight = 11;   // of the screen
 constexpr double PixelPageHeight = 1285; // from here on lines grow with the page
 
 } // namespace
@@ -39,7 +38,7 @@ double QsPixel() {
 }
 
 double QsTextHeight() {
-    return std::max(QsY(TextPercent), LeastTextHeight);
+    return std::max(QsY(QsTextPercent), LeastTextHeight);
 }
 
 bool QsSmallPage() {
@@ -62,7 +61,9 @@ void QsLabelLeft(const PagePlot& plot, double right, double share, std::string_v
 }
 
 void QsLabelUnder(const PagePlot& plot, double share, std::string_view text, TextSide side) {
-    QsPrintAt(QsX(plot.Left + share * plot.Width), QsDown(plot.Base + UnderPlot), text, side);
+    // On a small page clear of the label that stands at the foot of the other scale.
+    const double distance = QsSmallPage() ? QsTextHeight() / 2 : QsY(UnderPlot);
+    QsPrintAt(QsX(plot.Left + share * plot.Width), QsDown(plot.Base) - distance, text, side);
 }
 
 std::string QsFitted(const std::string& text, double width) {

@@ -27,6 +27,7 @@ inline constexpr Colour QsRuleColour = MakeColour(150, 150, 150);
 inline constexpr Colour QsGridColour = MakeColour(200, 200, 200);
 inline constexpr Colour QsFrameColour = MakeColour(175, 187, 235);
 
+inline constexpr double QsTextPercent = 1.1; ///< height of the text, of the page's height
 inline constexpr int QsPlain = 400;
 inline constexpr int QsHeading = 500;
 inline constexpr int QsBold = 700;
@@ -43,8 +44,8 @@ double QsX(double percent);
 double QsY(double percent);
 double QsDown(double percent);
 
-/// The unit of line widths: a pixel of the screen up to a page 1285 high (a sheet of 1414 with its margin), then
-/// growing with the page.
+/// The unit of line widths: a pixel of the screen up to a page 1285 high (a sheet of 1414 with its margin),
+/// then growing with the page.
 double QsPixel();
 
 /// Height of the page's text: 1.1 percent of its height, and on a small panel still what can be read.

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double LeftEdge = 15;
 constexpr double RightEdge = 85;
+constexpr double LongestTitle = 97; // where a long name is cut
 
 const std::string& ShownTitle() {
     if (QuickScanResultShown == Off)
@@ -38,7 +39,7 @@ void PrintTitle() {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         QsSetFont(QsTextHeight(), i == 0 ? QsBold : QsPlain);
         const double top = std::min(QsDown(Tops[i]), free);
-        QsPrintAt(QsX(LeftEdge), top, QsFitted(lines[i], QsX(100 - LeftEdge)));
+        QsPrintAt(QsX(LeftEdge), top, QsFitted(lines[i], QsX(LongestTitle - LeftEdge)));
         free = top - QsTextHeight();
     }
     const double rule = std::min(QsDown(Rule), free - 2 * QsPixel());
@@ -46,16 +47,16 @@ void PrintTitle() {
     picQS->Stroke(ends, {QsRuleColour, 1.3 * QsPixel()});
 }
 
-void PrintCaption(double left, double top, int item) {
-    QsPrintAt(QsX(left), QsDown(top), QsFitted(LanguageText(item), QsX(RightEdge - left)));
+void PrintCaption(double left, double right, double top, int item) {
+    QsPrintAt(QsX(left), QsDown(top), QsFitted(LanguageText(item), QsX(right - left)));
 }
 
 void PrintCaptions() {
     QsSetFont(QsTextHeight(), QsHeading);
-    PrintCaption(LeftEdge, 12, TextScanSpectrumCaption);
-    PrintCaption(LeftEdge, 37, TextScanCoherenceCaption);
-    PrintCaption(LeftEdge, 62, TextScanHistogramCaption);
-    PrintCaption(QsGaugeBox.Left, 62, TextScanGaugeCaption);
+    PrintCaption(LeftEdge, RightEdge, 12, TextScanSpectrumCaption);
+    PrintCaption(LeftEdge, RightEdge, 37, TextScanCoherenceCaption);
+    PrintCaption(LeftEdge, QsGaugeBox.Left - 2, 62, TextScanHistogramCaption);
+    PrintCaption(QsGaugeBox.Left, RightEdge, 62, TextScanGaugeCaption);
 }
 
 void LabelCoherencePlot() {

@@ -61,8 +61,12 @@ double GaugeY(double score) {
     return QsDown(QsGaugeBox.Base) + QsY(QsGaugeBox.Height) * score / GaugeSpan;
 }
 
+double ScoreHeight() {
+    return std::max(QsY(2.5 * QsTextPercent), 1.5 * QsTextHeight());
+}
+
 void PrintScore(double x, double y, const std::string& text) {
-    const double height = 2.5 * QsTextHeight();
+    const double height = ScoreHeight();
     const double pixel = QsPixel();
     QsSetFont(height, QsBold, ScoreOutline);
     // A word may be wider than what is left of the gauge.
@@ -115,7 +119,8 @@ void QsDrawScoreGauge() {
     const double size = QsX(score * 0.02 * SquareRootOfTwo);
     QsDrawHeart(x, GaugeY(score), size, 3 * QsPixel(), HeartEdge);
     QsDrawHeart(x, GaugeY(score), size, 2 * QsPixel(), HeartLine);
-    const double textY = GaugeY(std::max(score, LowScore)) - size * 1.4;
+    // On a small page the lowest scores would run out of the gauge.
+    const double textY = std::max(GaugeY(std::max(score, LowScore)) - size * 1.4, GaugeY(0) + ScoreHeight());
     std::string text = std::to_string(score);
     if (score < LowScore)
         text = LanguageText(TextScanScoreLow);

@@ -32,8 +32,9 @@ constexpr double PieRadius = 3.6;
 struct StatsBox {
     bool Pie = QsShowPie != Off;
     bool Bands = QsShowBands != Off;
-    double Left, Right, Top, Bottom; // units, y upwards
-    double FirstRow, RowStep;        // upper edge of the first row; down to the next
+    double Left, Right, Top, Bottom;    // units, y upwards
+    double FirstRow, RowStep;           // upper edge of the first row; down to the next
+    static constexpr double Inside = 4; // units between frame and text
     StatsBox() {
         constexpr double WithBands = 18.2;
         constexpr double WithPie = 11.8;
@@ -44,9 +45,10 @@ struct StatsBox {
         RowStep = QsY(1.75);
         if (!Bands || !QsSmallPage()) {
             Left = Right - QsX((Pie ? WithPie : 0) + (Bands ? WithBands : 0));
+            if (!Pie)
+                Left = std::min(Left, QsX(86) - WidestRow() - Inside);
             return;
         }
-        constexpr double Inside = 4;
         Pie = false;
         RowStep = QsTextHeight();
         Top = QsDown(QsSpectrumPlot.Base - QsSpectrumPlot.Height);
@@ -97,7 +99,7 @@ void QsDrawBalancePie() {
         start = 0.001;
     // The part of the low band runs counterclockwise from `start` to the left, that of the high band on to
     // `start`.
-    const double left = start < Half ? Half : 3 * Half;
+    const double left = ratio < 1 ? Half : 3 * Half;
     const PanelPoint centre{QsX(QsShowBands != Off ? 63.3 : 78), QsDown(14.6)};
     const double radius = QsX(PieRadius);
     const CircleArc whole{centre, radius, 0, 2 * std::numbers::pi};
@@ -111,7 +113,7 @@ void QsPrintBandValues() {
     const StatsBox box = PlaceBox();
     const double right = QsX(86);
     // Rows that are wider than their place begin further left, up to the pie; then the text gets smaller.
-    const double limit = box.Pie ? QsX(63.3 + PieRadius + 1) : box.Left + 4;
+    const double limit = box.Pie ? QsX(63.3 + PieRadius + 1) : box.Left + StatsBox::Inside;
     const double widest = StatsBox::WidestRow();
     if (widest > right - limit)
         SetBoxFont(QsTextHeight() * (right - limit) / widest);

@@ -28,7 +28,7 @@ void ResetSettings() {
     MovingAverageKnob = 500;
     SerialPort = 1;
     QsShowPie = QsShowBands = QsShowReference = QsShowBpm = On;
-    QsSmoothingChannel = 0;
+    QsSmoothingChannel = 4;
     BreathingRate = 7.5;
     BreathingBalance = 1.0;
     DynamicIndexInterval = 16;

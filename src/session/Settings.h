@@ -35,7 +35,7 @@ extern Boolean QsShowPie;          ///< histogram; start -1
 extern Boolean QsShowBands;        ///< statistics; start -1
 extern Boolean QsShowReference;    ///< reference; start -1
 extern Boolean QsShowBpm;          ///< average rate; start -1
-extern Integer QsSmoothingChannel; ///< start 0
+extern Integer QsSmoothingChannel; ///< half-width of the spectrum's smoothing in bins, 0 to 16; start 4
 
 // Training mode.
 extern double BreathingRate;    ///< breaths per minute; start 7.5

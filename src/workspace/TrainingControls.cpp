@@ -2,6 +2,7 @@
 
 #include "session/MainControls.h"
 #include "workspace/FormPaint.h"
+#include "workspace/Icons.h"
 #include "workspace/Look.h"
 #include "workspace/TrainingArtwork.h"
 
@@ -74,6 +75,53 @@ void StartNotice::paintEvent(QPaintEvent* /*event*/) {
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, words_);
 }
 
+// ---- Cover ----
+
+SceneryCover::SceneryCover(QWidget* parent) : QAbstractButton(parent) {
+    setObjectName("picRestoreGame");
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    hide();
+}
+
+void SceneryCover::Mirror() {
+    setVisible(picRestoreGame.Visible);
+    const QString caption = QString::fromStdString(labRestoreGame.Caption).trimmed();
+    if (caption == text())
+        return;
+    setText(caption);
+    setAccessibleName(caption);
+    update();
+}
+
+void SceneryCover::enterEvent(QEnterEvent* /*event*/) {
+    update();
+}
+
+void SceneryCover::leaveEvent(QEvent* /*event*/) {
+    update();
+}
+
+void SceneryCover::paintEvent(QPaintEvent* /*event*/) {
+    constexpr int Side = 24;
+    QPainter painter(this);
+    BeginControl(painter, *this);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(underMouse() || isDown() ? TrainingColour::Track : TrainingColour::Well);
+    painter.drawRoundedRect(QRectF(rect()), 8, 8);
+    PaintIcon(painter, Icon::Scenery, QRectF(NoticePadding, (height() - Side) / 2.0, Side, Side),
+              TrainingColour::Bell);
+    painter.setPen(TrainingColour::Bell);
+    painter.setFont(TextFont(13, 500));
+    painter.drawText(rect().adjusted(NoticePadding + Side + 14, 4, -12, -4),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(FormColour::Focus, 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 8, 8);
+    }
+}
+
 // ---- Source ----
 
 SourceSwitch::SourceSwitch(QWidget* parent) : QAbstractButton(parent) {
@@ -142,6 +190,11 @@ void SourceSwitch::paintEvent(QPaintEvent* /*event*/) {
         }
         painter.setPen(chosen ? QColor(Qt::white) : TrainingColour::Ink);
         painter.drawText(plate, Qt::AlignCenter, words_[half]);
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(FormColour::Focus, 2));
+        painter.drawRoundedRect(body.adjusted(1, 1, -1, -1), 6, 6);
     }
 }
 

@@ -23,6 +23,24 @@ private:
     int left_ = 0;
 };
 
+/// The cover `picRestoreGame` with its caption `labRestoreGame`: it stands in for the scenery, and brings it
+/// back on a click.
+class SceneryCover final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit SceneryCover(QWidget* parent);
+
+    /// Takes over cover and caption of the core.
+    void Mirror();
+    static constexpr int Height = 56;
+
+protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
 /// The source switch: two halves, one of them chosen.
 class SourceSwitch final : public QAbstractButton {
     Q_OBJECT

@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "feedback/ModeSelector.h"
+#include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
 #include "feedback/ggz.h"
 #include "platform/qt/QtColour.h"
@@ -81,7 +82,7 @@ QString WindowSpan() {
 
 TrainingPanel::TrainingPanel(QWidget* parent, std::function<void(const std::function<void()>&)> run)
     : QWidget(parent), run_(std::move(run)), labBFStart_(new StartNotice(this)),
-      source_(new SourceSwitch(this)),
+      source_(new SourceSwitch(this)), picRestoreGame_(new SceneryCover(this)),
       labBFSettings_(new ActionButton("labBFSettings", ActionButton::Sign::None, this)) {
     setObjectName("picGGZ");
     picGGZ = &surface_;
@@ -89,6 +90,7 @@ TrainingPanel::TrainingPanel(QWidget* parent, std::function<void(const std::func
     surface_.OnDrawn = [this] { update(); };
     connect(source_, &SourceSwitch::Chosen, this,
             [this](bool stored) { run_([stored] { ChooseTrainingSource(stored); }); });
+    connect(picRestoreGame_, &QAbstractButton::clicked, this, [this] { run_(&ClickRestoreGame); });
     Retranslate();
 }
 
@@ -98,6 +100,7 @@ TrainingPanel::~TrainingPanel() {
 
 void TrainingPanel::Retranslate() {
     source_->SetWords(Text(TextSourceStored), Text(TextSourceLive));
+    source_->setToolTip(Text(TextSourceTip));
     labBFSettings_->SetCaption(Text(TextBiofeedbackSettings));
     setAccessibleName(Text(TextModuleTraining));
     words_.clear();
@@ -165,7 +168,10 @@ void TrainingPanel::PlaceControls() {
     labBFSettings_->setGeometry(beside ? x + source.width() + 12 : x, y, std::min(settings.width(), wide),
                                 settings.height());
     y += settings.height() + 20;
-    labBFStart_->setGeometry(x, y, std::min(wide, 360), labBFStart_->WantedHeight());
+    const int card = std::min(wide, 360);
+    picRestoreGame_->setGeometry(x, y, card, SceneryCover::Height);
+    y += SceneryCover::Height + 12;
+    labBFStart_->setGeometry(x, y, card, labBFStart_->WantedHeight());
 }
 
 void TrainingPanel::resizeEvent(QResizeEvent* /*event*/) {
@@ -180,6 +186,7 @@ void TrainingPanel::Mirror() {
     source_->SetStored(FeedbackEnabled != Off);
     source_->setEnabled(SessionRunning == Off);
     labBFStart_->Mirror();
+    picRestoreGame_->Mirror();
     const QStringList all{CardTitle(),
                           CardText(),
                           Text(TextSessionScore) + " " + QString::fromStdString(labDI[0].Caption),

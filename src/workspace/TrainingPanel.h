@@ -9,6 +9,7 @@
 namespace pulselark {
 
 class ActionButton;
+class SceneryCover;
 class SourceSwitch;
 class StartNotice;
 
@@ -49,6 +50,7 @@ private:
     QtSurface bell_;
     StartNotice* labBFStart_;
     SourceSwitch* source_;
+    SceneryCover* picRestoreGame_;
     ActionButton* labBFSettings_;
     int backgroundShown_ = -1;
     int schemeShown_ = -1;

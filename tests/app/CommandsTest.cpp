@@ -133,5 +133,37 @@ TEST_F(Commands, FailuresAreOneLineThatSaysWhatAndWhere) {
     EXPECT_TRUE(OneLine() && Error.find(Folder) != std::string::npos);
 }
 
+TEST_F(Commands, ScanGoesOnAfterAFileThatFails) {
+    setenv("PULSELARK_HOME", PULSELARK_BUILD, 1);
+    const auto scan = [](Arguments words) { return RunScan(words, {}); };
+    MakeSession(271);
+    ChannelMode = 2;
+    ChannelBPresent = Off;
+    Write("one \"1\".hti", SessionText());
+    const std::string one = At("one \"1\".hti");
+    EXPECT_EQ(Run(+scan, {one, At("gone.hti"), At("good.hti"), one}), 1);
+    EXPECT_EQ(std::count(Output.begin(), Output.end(), '\n'), 2);
+    EXPECT_EQ(std::count(Error.begin(), Error.end(), '\n'), 2);
+    EXPECT_NE(
+        Output.find("one \\\"1\\\".hti\",\"SessionSeconds\":271,\"ChannelMode\":2,\"A\":{\"ScanPower1\":"),
+        std::string::npos);
+    EXPECT_EQ(Output.find("\"B\":"), std::string::npos);
+    EXPECT_EQ(Run(+scan, {At("good.hti")}), 3); // 20 seconds
+    EXPECT_TRUE(OneLine() && Error.find("270 seconds") != std::string::npos) << Error;
+    EXPECT_EQ(Output, "");
+    EXPECT_EQ(Run(+scan, {one, "--channel", "B"}), 1);
+    EXPECT_EQ(Run(+scan, {one, "--plx", At("one.plx")}), 0);
+    EXPECT_TRUE(Read("one.plx").starts_with("\"PulseLark Scan\"\r\n271\r\n2\r\n"));
+    EXPECT_EQ(Run(+scan, {one, "--training", "--plx", At("one.plx")}), 0);
+    EXPECT_TRUE(Read("one.plx").starts_with("\"PulseLark GGZ Scan\"\r\n271\r\n"));
+    for (const Words& words : std::initializer_list<Words>{{},
+                                                           {one, one, "--plx", At("x.plx")},
+                                                           {one, "--channel", "C"},
+                                                           {one, "--language", "31"},
+                                                           {one, "--smoothing", "17"},
+                                                           {one, "--plx"}})
+        EXPECT_EQ(Run(+scan, words), 2);
+}
+
 } // namespace
 } // namespace pulselark

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <unistd.h>
 
 // The numbers of `analyse` against tests/reference/analyse.py, which shares no code and no library with the
@@ -54,6 +55,34 @@ TEST_P(SecondOpinion, AgreesOnEveryNumber) {
         std::system(
             (python + Quoted(reference / "compare.py") + " " + Quoted(theirs) + " " + Quoted(ours)).c_str()),
         0);
+    fs::remove_all(folder);
+}
+
+class ScanSecondOpinion : public testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Sessions, ScanSecondOpinion,
+                         testing::Values("rest_two_channels_899s.hti", "ectopic_two_channels_1805s.hti",
+                                         "hour_two_channels_3601s.hti", "chest_strap_one_channel_600s.hti"));
+
+TEST_P(ScanSecondOpinion, AgreesOnEveryFigure) {
+    namespace fs = std::filesystem;
+    const char* data = std::getenv("PULSELARK_DATA");
+    if (data == nullptr)
+        GTEST_SKIP() << "no recordings: PULSELARK_DATA is not set";
+    setenv("PULSELARK_HOME", PULSELARK_BUILD, 1);
+    const fs::path session = fs::path(data) / "sessions" / GetParam();
+    const std::string words[] = {session.string()};
+    testing::internal::CaptureStdout();
+    const int code = RunScan(words, {});
+    const std::string line = testing::internal::GetCapturedStdout();
+    ASSERT_EQ(code, 0);
+    std::string name = (fs::temp_directory_path() / "pulselark-test-XXXXXX").string();
+    const fs::path folder = ::mkdtemp(name.data());
+    std::ofstream(folder / "figures.json") << line;
+    const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "scan.py";
+    EXPECT_EQ(std::system((Quoted(PULSELARK_PYTHON) + " -B " + Quoted(reference) + " " + Quoted(session) +
+                           " " + Quoted(folder / "figures.json"))
+                              .c_str()),
+              0);
     fs::remove_all(folder);
 }
 

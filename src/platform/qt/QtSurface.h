@@ -58,7 +58,7 @@ public:
     void FloodFill(int x, int y, Colour borderColour) override;
     void StretchImage(const Image& image, double x, double y, double width, double height) override;
 
-    // Shapes and text of pages: QtSurfaceShapes.cpp.
+    // Shapes and text of pages: QtSurfacePage.cpp.
     void SetPageFont(double height, int weight) override;
     void Stroke(std::span<const PanelPoint> points, const Pen& pen) override;
     void FilledArea(std::span<const PanelPoint> points, Colour fill) override;

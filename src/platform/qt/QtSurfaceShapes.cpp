@@ -2,11 +2,11 @@
 
 #include "platform/qt/QtColour.h"
 #include "platform/qt/QtFonts.h"
-#include "platform/qt/QtSurface.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
 
+#include <algorithm>
 #include <map>
 
 namespace pulselark {
@@ -77,7 +77,12 @@ void StrokePoints(QPainter& painter, double pageHeight, std::span<const PanelPoi
     const SavedPainter saved(painter);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ToQColor(pen.Ink), pen.Width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(ToPolygon(points, pageHeight));
+    // A long line is drawn in pieces: its time grows with the square of the points that one outline goes
+    // round, and round ends leave no seam.
+    constexpr std::size_t PointsOfAPiece = 48;
+    for (std::size_t from = 0; from + 1 < points.size(); from += PointsOfAPiece)
+        painter.drawPolyline(
+            ToPolygon(points.subspan(from, std::min(PointsOfAPiece + 1, points.size() - from)), pageHeight));
 }
 
 void FillPoints(QPainter& painter, double pageHeight, std::span<const PanelPoint> points, Colour fill) {
@@ -95,31 +100,6 @@ void FillGradient(QPainter& painter, const QRectF& box, Colour top, Colour botto
     gradient.setColorAt(0, ToQColor(top));
     gradient.setColorAt(1, ToQColor(bottom));
     painter.fillRect(box, gradient);
-}
-
-void QtSurface::SetPageFont(double height, int weight) {
-    pageFont_ = {height, weight};
-}
-
-void QtSurface::Stroke(std::span<const PanelPoint> points, const Pen& pen) {
-    if (!Empty())
-        StrokePoints(Painter(), height_, points, pen);
-}
-
-void QtSurface::FilledArea(std::span<const PanelPoint> points, Colour fill) {
-    if (!Empty())
-        FillPoints(Painter(), height_, points, fill);
-}
-
-void QtSurface::GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) {
-    if (!Empty())
-        FillGradient(Painter(), QRectF(ToDevice(x1, y1), ToDevice(x2, y2)).normalized(), top, bottom);
-}
-
-void QtSurface::PrintPageText(double x, double y, std::string_view text) {
-    pageFont_.Print(Painter(), ToDevice(x, y),
-                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                    ToQColor(foreColour_));
 }
 
 } // namespace pulselark
