@@ -4,6 +4,7 @@
 #include "feedback/ggz.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/SessionTick.h"
 
 #include <array>
 #include <utility>
@@ -24,7 +25,8 @@ const std::array Watched{NamedLabel{"labBFStart", &labBFStart},
                          NamedLabel{"labBPMB", &labBPMB},
                          NamedLabel{"labDI0", &labDI[0]},
                          NamedLabel{"labDI1", &labDI[1]},
-                         NamedLabel{"labCurrentSong", &labCurrentSong}};
+                         NamedLabel{"labCurrentSong", &labCurrentSong},
+                         NamedLabel{"labRestoreGame", &labRestoreGame}};
 
 std::string OneLine(std::string text) {
     for (char& letter : text) {
@@ -32,6 +34,10 @@ std::string OneLine(std::string text) {
             letter = ' ';
     }
     return text;
+}
+
+std::string Whole(double value) {
+    return std::to_string(Round(value));
 }
 
 std::string Hexadecimal(std::span<const unsigned char> bytes) {
@@ -59,19 +65,22 @@ EventTrace::EventTrace(Sink sink, bool readyOutput)
                                    .ProgramLauncher = *this,
                                    .MidiOutput = readyOutput ? *this : before_.MidiOutput,
                                    .MediaControl = before_.MediaControl,
-                                   .PagePrinter = before_.PagePrinter},
+                                   .PagePrinter = before_.PagePrinter,
+                                   .EcgMonitors = before_.EcgMonitors},
       shown_(Watched.size()) {
     InstallPlatform(own_);
     theTrace = this;
     AfterStatus = [] { theTrace->Write("status", labStatus.Caption); };
-    AfterTrainingTick = [] {
-        theTrace->Write("score",
-                        std::to_string(Round(SessionScore)) + " " + std::to_string(Round(DynamicIndex)));
+    AfterSecond = [] {
+        if (TrainingActive != Off)
+            theTrace->Write("score", Whole(SessionScore) + " " + Whole(DynamicIndex));
+        else
+            theTrace->WriteChanges();
     };
 }
 
 EventTrace::~EventTrace() {
-    AfterStatus = AfterTrainingTick = nullptr;
+    AfterStatus = AfterSecond = nullptr;
     theTrace = nullptr;
     InstallPlatform(before_);
 }
@@ -107,7 +116,7 @@ bool EventTrace::Send(const std::string& title, std::span<const unsigned char> p
 }
 
 int EventTrace::Execute(const LaunchRequest& request) {
-    Write("launch", request.File);
+    Write("launch", request.Parameters.empty() ? request.File : request.File + " " + request.Parameters);
     return before_.ProgramLauncher.Execute(request);
 }
 

@@ -1,6 +1,7 @@
 #include "app/RunWindow.h"
 
 #include "app/Commands.h"
+#include "app/EventTrace.h"
 #include "app/WindowStart.h"
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
@@ -20,6 +21,7 @@
 #include <QScreen>
 
 #include <cstdio>
+#include <memory>
 
 namespace pulselark {
 
@@ -78,6 +80,14 @@ void FitToScreen(frmMain& window) {
     window.resize(fits ? last : wanted.boundedTo(room * 0.94));
 }
 
+// Each line at once, so that a trace is whole whenever it is read.
+std::unique_ptr<EventTrace> TraceInto(std::FILE& file) {
+    return std::make_unique<EventTrace>([&file](const std::string& line) {
+        std::fwrite(line.data(), 1, line.size(), &file);
+        std::fflush(&file);
+    });
+}
+
 // The desktop's wish for no motion, as its toolkits pass it on.
 bool ReducedMotion() {
     return qEnvironmentVariableIntValue("GTK_ENABLE_ANIMATIONS") == 0 &&
@@ -93,6 +103,14 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         platform.SetUnattended();
     StartCore(!options.FullSpeed);
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> traceFile(nullptr, &std::fclose);
+    std::unique_ptr<EventTrace> trace;
+    if (!options.Trace.empty()) {
+        traceFile.reset(std::fopen(options.Trace.c_str(), "w"));
+        if (traceFile == nullptr)
+            return ComplainOfFile(options.Trace, FailurePathFileAccess, 0);
+        trace = TraceInto(*traceFile);
+    }
     frmMain window(platform, options.Version.c_str());
     FitToScreen(window);
     if (options.FullSpeed) {

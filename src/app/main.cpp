@@ -25,6 +25,8 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
             options.Splash = false;
         else if (arguments[i] == "--picture" && i + 1 < arguments.size())
             options.Picture = arguments[++i];
+        else if (arguments[i] == "--trace" && i + 1 < arguments.size())
+            options.Trace = arguments[++i];
         else if (!arguments[i].starts_with("-") && options.File.empty())
             options.File = arguments[i];
         else

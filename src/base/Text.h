@@ -23,8 +23,8 @@ inline constexpr std::size_t LongestDouble = 32;
 /// As `WriteSingle`, in the fewest digits that read back as the same 64 bits.
 char* WriteDouble(char* out, double value);
 
-/// The value with one digit behind the point ("0.0"); a decimal tie goes away from zero, where the value counts
-/// by its 15 leading digits. The locale has no say.
+/// The value with one digit behind the point ("0.0"); a decimal tie goes away from zero, where the value
+/// counts by its 15 leading digits. The locale has no say.
 std::string OneDecimal(double value);
 
 /// The number in decimal.

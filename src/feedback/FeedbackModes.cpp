@@ -45,10 +45,6 @@ void Toggle(Boolean& flag) {
     flag = static_cast<Boolean>(~flag);
 }
 
-void Send(int command) {
-    SendAppCommand(command, 0, 0, 0, 0);
-}
-
 // The pacer's button. While another level was running, its click only ends that one. Returns whether the
 // pacer has been started.
 bool TogglePacer(bool selectOnly) {
@@ -111,15 +107,18 @@ void GiveUpSelection(int index) {
 
 void SendPacerState(int index, bool selectOnly) {
     if (!SomethingRuns())
-        Send(231);
+        SendAppCommand(CmdPacerOff);
     else if (index < FirstCoherenceLevel && !selectOnly)
-        Send(230);
+        SendAppCommand(CmdPacerOn);
 }
 
 void SendSceneryCommands(int index, bool changed) {
     if (changed && SomethingRuns())
         SendSceneryState(false);
-    Send(index >= FirstCoherenceLevel && SomethingRuns() ? 225 : 226);
+    const bool scrolls = index >= FirstCoherenceLevel && SomethingRuns();
+    if (scrolls)
+        timStopScrollGame.Enabled = false; // what an earlier end has left to do is overtaken
+    SendAppCommand(scrolls ? CmdStartScroll : CmdStopScroll);
 }
 
 void StartOrFadeMusic() {
@@ -191,7 +190,7 @@ void SelectFeedbackMode(int index, bool selectOnly) {
 void StopFeedback() {
     if (FeedbackEnabled == Off || TrainingActive == Off)
         return;
-    Send(226);
+    SendAppCommand(CmdStopScroll);
     StopMusicAndScenery();
 }
 

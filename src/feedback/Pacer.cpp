@@ -123,7 +123,7 @@ void MoveBreathingRate(int value) {
     BreathingRate = std::clamp(value, LeastRate, MostRate) / 10.0;
     ShowRate();
     DrawBreathingWave();
-    SendAppCommand(228, BreathingRate, 0, 0, 0);
+    SendAppCommand(CmdBreathingRate, BreathingRate);
 }
 
 void MoveBreathingBalance(int value) {
@@ -155,7 +155,7 @@ void ToggleAutoStartBreathing() {
     AutoStartBreathing = static_cast<Boolean>(~AutoStartBreathing);
     ShowSwitches();
     if (AutoStartBreathing == Off)
-        SendAppCommand(231, 0, 0, 0, 0);
+        SendAppCommand(CmdPacerOff);
 }
 
 void NextPanelBackground() {
@@ -185,7 +185,7 @@ void DrawBreathingWave() {
     if (BreathingBalance != BalanceDrawn)
         DrawWave();
     ShowPhaseTimes();
-    SendAppCommand(232, BreathingBalance, 0, 0, 0);
+    SendAppCommand(CmdBreathingBalance, BreathingBalance);
 }
 
 void ShowTrainingSettings() {

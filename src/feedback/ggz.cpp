@@ -18,7 +18,6 @@ namespace pulselark {
 
 std::array<Label, 2> labDI;
 Integer WindowScale = 50;
-void (*AfterTrainingTick)() = nullptr;
 TrainingPlaces picGGZPlace;
 
 namespace {
@@ -126,8 +125,6 @@ void TickTraining() {
         SendFeedbackValue();
     ShowScores();
     ShowCurrentSong();
-    if (AfterTrainingTick != nullptr)
-        AfterTrainingTick();
 }
 
 void RedrawTraining() {
@@ -137,7 +134,19 @@ void RedrawTraining() {
     ShowScores();
 }
 
+namespace {
+
+// The cover stands where the scenery is to come.
+void ShowCover() {
+    picRestoreGame.Visible = labRestoreGame.Visible = true;
+    if (labRestoreGame.Caption.empty())
+        labRestoreGame.Caption = LanguageText(TextSceneryLoading);
+}
+
+} // namespace
+
 void LayoutTrainingPanel() {
+    ShowCover();
     constexpr float Twips = 15;
     constexpr float SideMargin = 240;
     constexpr float RowMargin = 180;   // above and below the mode row, and below the panel
@@ -161,7 +170,6 @@ void LayoutTrainingPanel() {
 void ResetTraining() {
     labDI = {};
     WindowScale = LargeScale;
-    AfterTrainingTick = nullptr;
     picGGZPlace = {};
 }
 

@@ -14,9 +14,6 @@ extern std::array<Label, 2> labDI;
 /// Size of the view's artwork, 33, 40 or 50; the width of its bars goes by it. Start 50.
 extern Integer WindowScale;
 
-/// Called at the end of each `TickTraining`; nobody by default.
-extern void (*AfterTrainingTick)();
-
 // Proportions of the panel, as shares of its width and height, y downwards from the top.
 inline constexpr double BarRowCentre = 0.606;
 inline constexpr double BarRowSpan = 0.208; ///< ten steps of 10 %

@@ -45,7 +45,7 @@ void TellSaveFailure(Integer failure, const std::string& name) {
 void BringSceneryBack() {
     if (TrainingActive == Off)
         return;
-    SendAppCommand(240, 0, 0, 0, 0);
+    SendAppCommand(CmdRestoreView);
     RestoreScenery();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/EcgMonitor.h"
 #include "platform/FileDialogs.h"
 #include "platform/Files.h"
 #include "platform/MediaControl.h"
@@ -27,6 +28,7 @@ struct Platform {
     class MidiOutput& MidiOutput = NoMidiOutput();
     class MediaControl& MediaControl = NoMediaControl();
     class PagePrinter& PagePrinter = NoPrinter();
+    class EcgMonitors& EcgMonitors = NoEcgMonitors();
 };
 
 /// The platform must outlive every later call of the core.

@@ -18,6 +18,8 @@
 
 namespace pulselark {
 
+void (*AfterSecond)() = nullptr;
+
 namespace {
 
 // The second at which biofeedback starts: before it there is too little data.
@@ -98,6 +100,8 @@ void RunSessionTick() {
         TickTraining();
     }
     PlayChordIfWanted();
+    if (AfterSecond != nullptr)
+        AfterSecond();
     EcgViewState.LastSeekSecond = 0; // what a seek has left is no longer shown
     ++SessionTick;
 }

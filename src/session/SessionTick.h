@@ -23,6 +23,9 @@ void PlayChordIfWanted();
 /// chord; then the cursor moves on. The caller has made sure that the session has that second.
 void RunSessionTick();
 
+/// Called at the end of each second, before the cursor moves on; nobody by default.
+extern void (*AfterSecond)();
+
 /// Runs the start notice `labBFStart`: a countdown from second 13 on, in the coherence modes of the training.
 void ShowStartNotice();
 

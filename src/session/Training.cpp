@@ -42,6 +42,8 @@ void EndTraining(int configuration) {
     TrainingActive = Off;
     TrainingPanelOpen = Off;
     AppLinkOnly = Off;
+    picRestoreGame.Visible = false;
+    timManualCloseScenery.Enabled = timSendGameSetup.Enabled = false;
     SendAppCommand(CmdCloseScenery);
     LoadConfig(configuration);
     RefreshSessionButtons(true);
@@ -103,7 +105,8 @@ void CloseTrainingSettings() {
 
 void ChooseScenery() {
     if (picRestoreGame.Visible) {
-        CloseTrainingSettings();
+        if (TrainingSettingsOpen != Off)
+            CloseTrainingSettings();
         RefuseSceneryChoice();
         return;
     }

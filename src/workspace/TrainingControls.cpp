@@ -2,6 +2,7 @@
 
 #include "session/MainControls.h"
 #include "workspace/FormPaint.h"
+#include "workspace/Icons.h"
 #include "workspace/Look.h"
 #include "workspace/TrainingArtwork.h"
 
@@ -142,6 +143,11 @@ void SourceSwitch::paintEvent(QPaintEvent* /*event*/) {
         }
         painter.setPen(chosen ? QColor(Qt::white) : TrainingColour::Ink);
         painter.drawText(plate, Qt::AlignCenter, words_[half]);
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(FormColour::Focus, 2));
+        painter.drawRoundedRect(body.adjusted(1, 1, -1, -1), 6, 6);
     }
 }
 

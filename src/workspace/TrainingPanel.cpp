@@ -104,6 +104,7 @@ TrainingPanel::~TrainingPanel() {
 
 void TrainingPanel::Retranslate() {
     source_->SetWords(Text(TextSourceStored), Text(TextSourceLive));
+    source_->setToolTip(Text(TextSourceTip));
     labBFSettings_->SetCaption(Text(TextBiofeedbackSettings));
     setAccessibleName(Text(TextModuleTraining));
     words_.clear();

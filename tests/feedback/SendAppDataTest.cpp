@@ -17,7 +17,7 @@
 #include "session/SessionTimers.h"
 #include "session/SettingsActions.h"
 #include "session/ShutDown.h"
-#include "support/LinkBytes.h"
+#include "support/Heard.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
@@ -31,27 +31,7 @@ protected:
         timLoadingProgress.Enabled = false;
     }
 
-    // Each command by its number, with its first value after a colon unless it is 0; "=" and the number for a
-    // value, "[255]" for an array.
-    std::string Heard() {
-        std::string text;
-        for (const FakePartners::Message& message : Outside.Partners.Sent) {
-            const double magic = DoubleAt(message.Payload, 0);
-            const double second = DoubleAt(message.Payload, 1);
-            const auto number = [](double value) { return std::to_string(static_cast<int>(value)); };
-            text += text.empty() ? "" : " ";
-            if (magic == 12345678)
-                text += "=" + number(second);
-            else if (magic == 89898989)
-                text += "[" + std::to_string(message.Payload.size() / 8 - 2) + "]";
-            else if (const double p1 = DoubleAt(message.Payload, 2); p1 != 0)
-                text += number(second) + ":" + number(p1);
-            else
-                text += number(second);
-        }
-        Outside.Partners.Sent.clear();
-        return text;
-    }
+    std::string Heard() { return pulselark::Heard(Outside.Partners); }
 };
 
 // The Doubles' bytes are worked out by hand: 87654321 is 0x5397FB1, so 0x4194E5FEC4000000, and so on.

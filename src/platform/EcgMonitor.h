@@ -1,0 +1,45 @@
+#pragma once
+
+#include "base/Numbers.h"
+
+#include <string>
+#include <vector>
+
+namespace pulselark {
+
+/// An ECG monitor as the acquisition meets it: nine operations, in the order of their use. Channels count
+/// from 1. No call waits: what has not arrived yet comes with a later `Read_Buff`.
+class EcgMonitor {
+public:
+    virtual ~EcgMonitor() = default;
+    /// Opens the monitor. Its handle, above 0; 0 or less if it does not open, and `Error_Msg` says why.
+    virtual Integer Init() = 0;
+    /// In words what went wrong last, or what the monitor is doing; empty if all is well.
+    virtual std::string Error_Msg() = 0;
+    virtual Integer Tot_Channels() = 0;
+    virtual std::string Sig_Name(Integer channel) = 0;
+    /// The range of the channel's samples, in the numbers that `Read_Buff` gives.
+    virtual double Max_Value(Integer channel) = 0;
+    virtual double Min_Value(Integer channel) = 0;
+    /// Samples a second.
+    virtual double Sig_Rate(Integer channel) = 0;
+    /// Appends the samples that have arrived since the last call, in panel units (500 at the line "+500mV").
+    /// A sample that the monitor knows to be lost is a NaN in its place, so that the time base holds. Returns
+    /// false while the connection is lost; the monitor goes on seeking it by itself.
+    virtual bool Read_Buff(Integer channel, std::vector<float>& samples) = 0;
+    virtual void CloseC2(Integer handle) = 0;
+};
+
+/// The monitors that there are.
+class EcgMonitors {
+public:
+    virtual ~EcgMonitors() = default;
+    /// The monitor of that name (`MonitorName`), not yet open; none if there is none of that name. It stays
+    /// the property of the list, and there is one of each.
+    virtual EcgMonitor* Find(const std::string& name) = 0;
+};
+
+/// A computer without monitors.
+EcgMonitors& NoEcgMonitors();
+
+} // namespace pulselark

@@ -1,0 +1,65 @@
+#include "app/Commands.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <fstream>
+
+// The traces of all modes against tests/reference/training.py, which shares no code with the program.
+namespace pulselark {
+namespace {
+
+namespace fs = std::filesystem;
+
+class TraceSecondOpinion : public testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Sessions, TraceSecondOpinion,
+                         testing::Values("rest_two_channels_899s.hti", "chest_strap_one_channel_600s.hti"));
+
+std::string TraceOf(const std::vector<std::string>& words, int& code) {
+    testing::internal::CaptureStdout();
+    code = RunTrace(words);
+    return testing::internal::GetCapturedStdout();
+}
+
+TEST_P(TraceSecondOpinion, AgreesOnEveryScoreAndPayload) {
+    const char* data = std::getenv("PULSELARK_DATA");
+    if (data == nullptr)
+        GTEST_SKIP() << "no recordings: PULSELARK_DATA is not set";
+    const fs::path session = fs::path(data) / "sessions" / GetParam();
+    const TemporaryFolder folder;
+    std::string traces;
+    for (const auto& [mode, interval] :
+         {std::pair{"0", "16"}, {"1", "16"}, {"2", "4"}, {"3", "16"}, {"3", "61"}}) {
+        int code = -1;
+        const std::string lines =
+            TraceOf({session.string(), "--mode", mode, "--interval", interval, "--averaging", "4"}, code);
+        ASSERT_EQ(code, 0);
+        const std::string name = folder.Name() + "/" + mode + "-" + interval;
+        std::ofstream(name) << lines;
+        traces += std::string(" ") + mode + ":" + interval + ":" + name;
+    }
+    const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "training.py";
+    EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' '" + reference.string() + "' '" + session.string() +
+                           "' --averaging 4" + traces)
+                              .c_str()),
+              0);
+}
+
+TEST(Trace, TellsWrongUsage) {
+    for (const std::vector<std::string>& words : {std::vector<std::string>{},
+                                                  {"a.hti", "--mode", "4"},
+                                                  {"a.hti", "--interval", "3"},
+                                                  {"a.hti", "--interval", "62"},
+                                                  {"a.hti", "--mode"},
+                                                  {"a.hti", "b.hti"},
+                                                  {"a.hti", "--what"}}) {
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(RunTrace(words), 2);
+        EXPECT_NE(testing::internal::GetCapturedStderr().find("trace FILE.hti"), std::string::npos);
+    }
+}
+
+} // namespace
+} // namespace pulselark
