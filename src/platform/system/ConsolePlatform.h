@@ -6,9 +6,9 @@
 
 namespace pulselark {
 
-/// The platform of the command line: no window, no dialog, no progress, no printer, no other program. A message
-/// is not shown, since the command that caused it tells of its failure itself; its answer is the most careful
-/// button.
+/// The platform of the command line: no window, no dialog, no progress, no printer, no other program. A
+/// message is not shown, since the command that caused it tells of its failure itself; its answer is the most
+/// careful button.
 class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
 public:
     explicit ConsolePlatform(class MidiOutput& midiOutput = NoMidiOutput())
