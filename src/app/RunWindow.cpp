@@ -2,6 +2,7 @@
 
 #include "app/Commands.h"
 #include "app/WindowStart.h"
+#include "images/BackgroundPicture.h"
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
@@ -75,7 +76,17 @@ void FitToScreen(frmMain& window) {
     const bool fits = !builtIn && last.width() >= window.minimumWidth() &&
                       last.height() >= window.minimumHeight() && last.width() <= room.width() &&
                       last.height() <= room.height();
-    window.resize(fits ? last : wanted.boundedTo(room * 0.94));
+    if (!fits) {
+        window.resize(wanted.boundedTo(room * 0.94));
+        return;
+    }
+    const QRect screens = screen->virtualGeometry();
+    const QRect place(QPoint(static_cast<int>(frmScale.Left / 15), static_cast<int>(frmScale.Top / 15)),
+                      last);
+    if (screens.contains(place))
+        window.setGeometry(place);
+    else
+        window.resize(last);
 }
 
 // The desktop's wish for no motion, as its toolkits pass it on.
@@ -93,6 +104,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         platform.SetUnattended();
     StartCore(!options.FullSpeed);
+    LoadBackgroundPicture();
     frmMain window(platform, options.Version.c_str());
     FitToScreen(window);
     if (options.FullSpeed) {

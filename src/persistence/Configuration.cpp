@@ -55,7 +55,7 @@ void FallBack(const FileOutcome& outcome, const std::string& name) {
         ThePlatform().Messages.Show(LanguageText(TextConfigNotFound), ButtonOK);
         ShowStatus(LanguageText(TextFileFailure));
     } else {
-        ShowFileFailure(LanguageText(TextConfigLoadFailed), outcome, name, LanguageText(TextOpenFailedSafe));
+        ShowFileFailure(LanguageText(TextConfigLoadFailed), outcome, name, LanguageText(TextBuiltInLayout));
     }
     DefaultLayout();
 }
@@ -70,6 +70,8 @@ void Apply(const std::string& name) {
             return;
         }
     }
+    LayoutLoaded = TrainingActive == Off;
+    PlaceBeforeEnlarging = {};
     LayoutCanvas();
     OpenAllPanels(true);
     for (std::size_t i = 0; i < picModule.size(); ++i)

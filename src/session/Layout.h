@@ -7,7 +7,8 @@ namespace pulselark {
 /// is.
 void DefaultLayout();
 
-/// Places the parts of the canvas window for its present size.
+/// Places the parts of the canvas window for its present size: its bar, its size grip and its buttons
+/// `picCtrl`.
 void LayoutCanvas();
 
 } // namespace pulselark

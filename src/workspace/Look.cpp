@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "platform/qt/QtFonts.h"
+#include "session/Settings.h"
 
 #include <array>
 
@@ -35,7 +36,11 @@ constexpr Density Compact{32, 20, 20, 24, 12, 8};
 } // namespace
 
 const SchemeLook& CurrentLook() {
-    return Looks()[static_cast<std::size_t>(ColourSchemeIndex)];
+    return LookOf(ColourSchemeIndex);
+}
+
+const SchemeLook& LookOf(int scheme) {
+    return Looks()[static_cast<std::size_t>(scheme)];
 }
 
 QFont TextFont(int pixels, int weight) {
@@ -46,7 +51,7 @@ QFont TextFont(int pixels, int weight) {
 }
 
 const Density& DensityFor(int windowWidth, int windowHeight) {
-    return windowWidth < 1280 || windowHeight < 800 ? Compact : Regular;
+    return windowWidth < 1280 || windowHeight < 800 || AutoScaleAll == Off ? Compact : Regular;
 }
 
 } // namespace pulselark

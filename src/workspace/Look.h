@@ -25,8 +25,9 @@ struct SchemeLook {
     QColor Focus; ///< focus ring
 };
 
-/// Look of the scheme in use.
+/// Look of the scheme in use, or of scheme 0 to 4.
 const SchemeLook& CurrentLook();
+const SchemeLook& LookOf(int scheme);
 
 /// Colours of forms and dialogs, the same in all schemes.
 namespace FormColour {
@@ -52,7 +53,8 @@ struct Density {
     int Body;      ///< text of the window
     int Gap;       ///< between modules, and around them
 };
-/// Compact below 1280 x 800, regular otherwise.
+/// Compact below 1280 x 800, and while panels do not scale with the window, whose built-in places begin high
+/// up; regular otherwise.
 const Density& DensityFor(int windowWidth, int windowHeight);
 
 } // namespace pulselark

@@ -16,6 +16,7 @@ class AnalysisPanels;
 class ModuleDesk;
 class StatusLine;
 class TopBar;
+class WindowButtons;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
@@ -72,6 +73,7 @@ private:
     WindowPlatform& platform_;
     QtTimers timers_;
     TopBar* topBar_;
+    WindowButtons* buttons_;
     StatusLine* statusLine_;
     QLabel* loading_;
     ModuleDesk* desk_;
@@ -86,6 +88,7 @@ private:
     std::string fileToOpen_;
     QTimer openTimer_;
     bool panelChosen_ = false;
+    bool sized_ = false;
 };
 
 } // namespace pulselark

@@ -26,6 +26,7 @@ private:
     void AddPanels();
     void AddLayout();
     void AddColourSets();
+    void AddBackground();
     void AddHistoryStyles();
     void AddAveraging();
     QMenu* AddSubmenu(int text, const char* name, int before = 0);
