@@ -3,6 +3,7 @@
 #include "app/Commands.h"
 #include "app/EventTrace.h"
 #include "app/WindowStart.h"
+#include "images/BackgroundPicture.h"
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
@@ -77,7 +78,17 @@ void FitToScreen(frmMain& window) {
     const bool fits = !builtIn && last.width() >= window.minimumWidth() &&
                       last.height() >= window.minimumHeight() && last.width() <= room.width() &&
                       last.height() <= room.height();
-    window.resize(fits ? last : wanted.boundedTo(room * 0.94));
+    if (!fits) {
+        window.resize(wanted.boundedTo(room * 0.94));
+        return;
+    }
+    const QRect screens = screen->virtualGeometry();
+    const QRect place(QPoint(static_cast<int>(frmScale.Left / 15), static_cast<int>(frmScale.Top / 15)),
+                      last);
+    if (screens.contains(place))
+        window.setGeometry(place);
+    else
+        window.resize(last);
 }
 
 // Each line at once, so that a trace is whole whenever it is read.
@@ -103,6 +114,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         platform.SetUnattended();
     StartCore(!options.FullSpeed);
+    LoadBackgroundPicture();
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> traceFile(nullptr, &std::fclose);
     std::unique_ptr<EventTrace> trace;
     if (!options.Trace.empty()) {

@@ -103,6 +103,13 @@ enum TextNumber : int {
     TextMenuPriorityNormal = 97,
     TextMenuPriorityHigh = 98,
 
+    // Background picture: the view menu's entries, and why a picture was not taken.
+    TextMenuBackgroundPicture = 105,
+    TextMenuOwnBackground = 106,
+    TextFileTypePicture = 107,
+    TextBackgroundFailed = 108, // a number follows
+    TextBackgroundStays = 109,
+
     // Help menu and the about box.
     TextMenuHelp = 111,
     TextMenuUserGuide = 112,
@@ -296,6 +303,10 @@ enum TextNumber : int {
     TextFailureFileAccess = 291,
     TextFailurePathNotFound = 292,
 
+    // What is in force after a file could not be read.
+    TextBuiltInSettings = 298,
+    TextBuiltInLayout = 299,
+
     // Session document: the labels of its fields; field i is TextFieldTitle + i.
     TextFieldTitle = 301,
     TextFieldPerson = 302,
@@ -437,6 +448,15 @@ enum TextNumber : int {
     TextEditorApplyEdition = 461,
     TextEditorSave = 462,
     TextEditorGo = 463,
+
+    // What the window's own buttons and the title bars' menu do.
+    TextKeepPlaces = 493,
+    TextBackToPlaces = 494,
+    TextKeepPlace = 495,
+    TextBackToPlace = 496,
+    TextMinimise = 497,
+    TextMaximise = 498,
+    TextFormerSize = 499,
 
     // Why another program could not be started.
     TextLaunchOutOfMemory = 470,

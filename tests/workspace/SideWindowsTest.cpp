@@ -1,3 +1,4 @@
+#include "images/PictureFiles.h"
 #include "workspace/SideWindowsTest.h"
 
 #include "platform/system/ProcessPriority.h"
