@@ -173,7 +173,8 @@ bool TopBar::ClockFits() const {
 
 void TopBar::LayOutLeft(const Density& density) {
     const int middle = height() / 2;
-    const int name = room_ != Room::Ample ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
+    const int name =
+        room_ != Room::Ample ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
     int x = NameLeft + name - MenuRim;
     const QSize menuSize = menus_->sizeHint();
     menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
