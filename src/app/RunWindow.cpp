@@ -14,6 +14,7 @@
 #include "session/Replay.h"
 #include "session/Settings.h"
 #include "session/StartUp.h"
+#include "workspace/Motion.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmMain.h"
@@ -99,12 +100,6 @@ std::unique_ptr<EventTrace> TraceInto(std::FILE& file) {
     });
 }
 
-// The desktop's wish for no motion, as its toolkits pass it on.
-bool ReducedMotion() {
-    return qEnvironmentVariableIntValue("GTK_ENABLE_ANIMATIONS") == 0 &&
-           qEnvironmentVariableIsSet("GTK_ENABLE_ANIMATIONS");
-}
-
 } // namespace
 
 int RunWindow(int argc, char** argv, const WindowOptions& options) {
@@ -135,7 +130,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
         ShortcutDone = ToBoolean(CreateDesktopShortcut() == 0);
     frmAbout_new splash(nullptr, options.Version.c_str());
     const bool waits = options.Splash && ShowAboutAtStart != Off;
-    splash.ShowAsSplash({!waits, ReducedMotion()}, [&] {
+    splash.ShowAsSplash({!waits, !MotionWanted()}, [&] {
         window.show();
         BeginStartUp(options.Splash);
         window.Mirror();
