@@ -51,13 +51,14 @@ private:
 TEST_F(Launcher, AProgramIsStartedByItsPlainNameAndLeftAlone) {
     MakeFile("stonegarden",
              "#!/bin/sh\n"
-             "{ basename \"$0\"; echo $#; echo \"$2\"; pwd; ps -o sid= -p $$; echo end; } >"
+             "read -r id name state parent group session rest < /proc/$$/stat\n"
+             "{ echo \"${0##*/}\"; echo $#; echo \"$2\"; pwd; echo $session; echo end; } >"
              "\"${0%/*}/told\"\n",
              0755);
     EXPECT_GT(Programs.Execute({"StoneGarden.EXE", "open", "-a \"b c\"", Folder.Name(), 0}), 32);
     const std::string told = WaitFor("told");
     EXPECT_TRUE(told.starts_with("stonegarden\n2\nb c\n" + Folder.Name() + "\n")) << told;
-    EXPECT_EQ(told.find(std::to_string(::getsid(0)) + "\nend"), std::string::npos) << told;
+    EXPECT_EQ(told.find("\n" + std::to_string(::getsid(0)) + "\nend"), std::string::npos) << told;
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1); // no child is left to be gathered
     EXPECT_EQ(errno, ECHILD);
 }
