@@ -472,6 +472,24 @@ enum TextNumber : int {
     TextLaunchNoAssociation = 480,
     TextLaunchLibraryNotFound = 481,
     TextLaunchFailed = 482,
+    // What the diagnostics window shows.
+    TextDiagnostics = 255,
+    TextDiagnosticTimes = 256,
+    TextDiagnosticRecording = 257,
+    TextBeatToLamp = 258,
+    TextSecondToChord = 259,
+    TextTickWork = 260,
+    TextJournalFlush = 261,
+    TextRecordedSeconds = 264,
+    TextJournalSeconds = 265,
+    TextBeatsFound = 268,
+    TextConnectionLosses = 269,
+    TextMonitorRate = 276,
+    TextLostSamples = 277,
+    TextClockCorrections = 278,
+    TextNewestSampleAge = 279,
+    TextSignalQuality = 293,
+    TextAtMost = 294,
 };
 
 /// The texts of the channel modes 1 to 3 follow this number.

@@ -82,6 +82,8 @@ void MainMenus::BuildToolsMenu() {
     Add(tools_, TextSettings, "labSettings", routines_.Settings)->setShortcut(QKeySequence("Ctrl+,"));
     Add(tools_, TextMenuLanguageEditor, "labLanguageEditor", routines_.LanguageEditor);
     Add(tools_, TextMenuSnapshot, "labSnapshot", routines_.Snapshot)->setShortcut(QKeySequence("Ctrl+P"));
+    Add(tools_, TextDiagnostics, "labDiagnostics", routines_.Diagnostics)
+        ->setShortcut(QKeySequence("Ctrl+Shift+D"));
     tools_->addSeparator();
     AddCore(tools_, TextMenuBreathingTool, "labBreathingTool", &StartBreathingTool);
     AddCore(tools_, TextMenuStoneGarden, "labStoneGarden", &StartStoneGarden);

@@ -24,6 +24,7 @@ struct MenuRoutines {
     std::function<void()> LanguageEditor;
     std::function<void()> Document;
     std::function<void()> Snapshot;
+    std::function<void()> Diagnostics;
     std::function<void()> UserGuide;
     std::function<void()> About;
 };

@@ -29,6 +29,7 @@
 #include "workspace/WindowButtons.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
+#include "workspace/frmDiagnostics.h"
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
 #include "workspace/frmReport.h"
@@ -118,6 +119,7 @@ void frmMain::BuildMenus() {
         ShowForm(report_, this, [this](const std::function<void()>& routine) { Do(routine); });
     };
     routines.Snapshot = [this] { ShowSnapshot(); };
+    routines.Diagnostics = [this] { ShowForm(diagnostics_, this); };
     routines.UserGuide = [this] { ShowForm(guide_, this, GuideFolder()); };
     routines.About = [this] {
         if (about_ == nullptr)
@@ -152,6 +154,8 @@ void frmMain::ApplyLanguage() {
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     if (settings_ != nullptr)
         settings_->Retranslate();
+    if (diagnostics_ != nullptr)
+        diagnostics_->Retranslate();
     if (language_ != nullptr)
         language_->Retranslate();
     if (guide_ != nullptr)
@@ -208,6 +212,8 @@ void frmMain::Mirror() {
     scan_->Mirror();
     training_->Mirror();
     menus_->Mirror();
+    if (diagnostics_ != nullptr)
+        diagnostics_->Mirror();
     if (settings_ != nullptr && settings_->isVisible())
         settings_->ShowMarks();
     if (report_ != nullptr && report_->isVisible())

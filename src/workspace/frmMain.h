@@ -22,6 +22,7 @@ class WindowButtons;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
+class frmDiagnostics;
 class frmLanguage;
 class frmODS;
 class frmReport;
@@ -85,6 +86,7 @@ private:
     TrainingView* training_;
     MainMenus* menus_ = nullptr;
     QPointer<frmSettings> settings_;
+    QPointer<frmDiagnostics> diagnostics_;
     QPointer<frmLanguage> language_;
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;
