@@ -135,13 +135,23 @@ void StartOrFadeMusic() {
     }
 }
 
+// A level without a monitor has nothing to follow: it does not run.
+void StartLiveLevel(int index) {
+    StartRecording();
+    if (SessionRunning != Off)
+        return;
+    RunningOf(index) = Off;
+    ChooseMode(index);
+    SendPacerState(index, false);
+    SendSceneryCommands(index, false);
+    StartOrFadeMusic();
+}
+
 void StartOrStopSession(int index) {
-    if (FeedbackEnabled == Off) {
-        if (LevelWithEcgRuns() && DeviceReady != Off && !timProcess.Enabled)
-            StartRecording();
-        if (!SomethingRuns())
-            StopRecording();
-    }
+    if (FeedbackEnabled == Off && LevelWithEcgRuns() && !timProcess.Enabled)
+        StartLiveLevel(index);
+    else if (FeedbackEnabled == Off && !SomethingRuns())
+        StopRecording();
     if (index == 0 || !SomethingRuns())
         StopFeedback();
 }

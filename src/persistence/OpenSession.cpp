@@ -11,6 +11,7 @@
 #include "platform/Platform.h"
 #include "quickscan/QuickScan.h"
 #include "session/AnalysisBuffers.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -49,7 +50,8 @@ FileOutcome ReadIntoBuffers(const std::string& name, const std::string& bytes) {
     ResetSessionBuffers();
     SessionSeconds = RecordedSeconds = 0;
     SessionTick = 1;
-    SessionUnsaved = Off;
+    SessionUnsaved = SessionPaused = Off;
+    DiscardJournal();
     SessionName = "noname"; // until the file has been read, the buffers are nobody's
     // What the file before left in the averages of channel B would show ahead of the cursor.
     for (SecondsBuffer* averages : {&IbiAvgA, &IbiAvgB, &CoherenceAvgA, &CoherenceAvgB})

@@ -4,6 +4,7 @@
 #include "persistence/SaveSteps.h"
 #include "persistence/SessionFile.h"
 #include "platform/Platform.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -44,6 +45,7 @@ void SaveSession() {
         return;
     }
     SessionUnsaved = Off;
+    DiscardJournal();
     LastFileResult = FileSuccess;
     SessionName = LastSessionFile = name;
     LockSavedReport();

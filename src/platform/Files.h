@@ -2,12 +2,29 @@
 
 #include "base/Numbers.h"
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace pulselark {
 
-/// Whole files. All names are UTF-8 paths.
+/// A file that only grows. What is appended is written and flushed to the disk in the background, so that the
+/// caller never waits for a disk. While it is open no other program can open it, and it counts as held; a
+/// program that dies lets it go. Closing it (its end) waits for the last flush.
+class GrowingFile {
+public:
+    virtual ~GrowingFile() = default;
+    /// Puts the bytes at the end. They are with the system within milliseconds, so that they outlive the
+    /// program; with `flush` they go on to the disk, so that they outlive the machine.
+    virtual void Append(std::string bytes, bool flush) = 0;
+    /// 0, or the number of the first failure (57, 61, 70); after one nothing more is written.
+    virtual Integer FailureSoFar() = 0;
+    /// How long the last flush took, in milliseconds; 0 before the first.
+    virtual double LastFlushMilliseconds() = 0;
+};
+
+/// Whole files, and files that grow. All names are UTF-8 paths.
 class Files {
 public:
     virtual ~Files() = default;
@@ -27,6 +44,16 @@ public:
     /// of the failure (52, 57, 70, 76); then `names` is empty.
     virtual Integer ListFolder(const std::string& folder, const std::string& extension,
                                std::vector<std::string>& names) = 0;
+
+    /// Opens a file that grows, making it where there is none. Without a result `failure` says why (52, 55
+    /// held by another program, 57, 61, 70, 75, 76).
+    virtual std::unique_ptr<GrowingFile> OpenToGrow(const std::string& name, Integer& failure) = 0;
+
+    /// Whether a running program, this one included, has the file open to grow.
+    virtual bool HeldToGrow(const std::string& name) = 0;
+
+    /// Deletes a file. Returns 0, also if there was none, or the number of the failure.
+    virtual Integer Remove(const std::string& name) = 0;
 };
 
 } // namespace pulselark

@@ -5,6 +5,7 @@
 namespace pulselark {
 
 Label labStatus, labPTime, labBFStart, labHRVNoDataA, labHRVNoDataB, labDryTesting, labNoSession;
+Label labConnection;
 Label labChannelMode, labLoading;
 CaptionLabel labBPMA, labBPMB, labLeftS, labRightS, labLeftGC, labRightGC, labLeftHRV, labRightHRV;
 std::array<CaptionLabel, 3> labLeftHis, labRightHis;
@@ -31,6 +32,7 @@ Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
 Timer timSoundsOff{"timSoundsOff", 2500};
 Timer timFadeOut{"timFadeOut", 250};
+Timer timTellJournal{"timTellJournal", 1};
 Timer timManualCloseScenery{"timManualCloseScenery", 5000};
 Timer timRestoreGameFirst{"timRestoreGameFirst", 2000};
 Timer timStopScrollGame{"timStopScrollGame", 1500};
@@ -64,7 +66,8 @@ constexpr std::array AllTimers{&timReplay,
                                &timShellExDelayed,
                                &timStartRYB,
                                &timSoundsOff,
-                               &timFadeOut};
+                               &timFadeOut,
+                               &timTellJournal};
 
 } // namespace
 
@@ -75,8 +78,8 @@ std::span<Timer* const> SessionTimers() {
 void ResetMainControls() {
     AfterStatus = nullptr;
     for (Label* label :
-         {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting, &labNoSession,
-          &labChannelMode, &labLoading, &labRestoreGame, &labQSMenu[0], &labQSMenu[1]})
+         {&labStatus, &labPTime, &labBFStart, &labHRVNoDataA, &labHRVNoDataB, &labDryTesting, &labConnection,
+          &labNoSession, &labChannelMode, &labLoading, &labRestoreGame, &labQSMenu[0], &labQSMenu[1]})
         *label = Label{};
     for (CaptionLabel* label :
          {&labBPMA, &labBPMB, &labLeftS, &labRightS, &labLeftGC, &labRightGC, &labLeftHRV, &labRightHRV,

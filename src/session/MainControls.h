@@ -21,6 +21,7 @@ extern std::array<CaptionLabel, 3> labLeftHis, labRightHis;
 extern Label labHRVNoDataA, labHRVNoDataB; ///< how long the HRV panels still wait for data
 extern Label labNoSession;                 ///< that no session is open, on the panels
 extern Label labDryTesting;                ///< that sessions run without a monitor
+extern Label labConnection;                ///< in a recording: that the monitor is not connected
 extern Label labChannelMode;               ///< the channel mode in words (the settings' channel action)
 extern std::array<Label, 2> labQSMenu;     ///< 0 the quick scan's button, 1 the print button
 
@@ -68,6 +69,7 @@ extern Timer timPrintFirst;         ///< first paint of all panels
 extern Timer timQS;                 ///< the countdown of a quick scan
 extern Timer timSoundsOff;          ///< ends the sound of a test
 extern Timer timFadeOut;            ///< lets the music die away
+extern Timer timTellJournal;        ///< tells of a journal that cannot be written
 
 // Timers of the partner programs, each of which runs once.
 extern Timer timManualCloseScenery; ///< the scenery should be there by now

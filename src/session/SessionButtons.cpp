@@ -4,21 +4,46 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 
+#include <algorithm>
+
 namespace pulselark {
 
 namespace {
 
-// Frames of a scheme's row in the strips of record pictures.
+// Frames of a scheme's row in the strip of record pictures, and in that of the training.
 constexpr int RecordFramesPerScheme = 4;
 constexpr int TrainingRecordFramesPerScheme = 2;
+constexpr int RecordHover = 2;
+constexpr int RecordRunningHover = 3;
+// The control window of the application link has one row.
+constexpr Integer LinkLitFrame = 4;
 // Rows of the strip of replay and stop pictures lie three frames apart.
 constexpr Integer HoverOffset = FrameReplayHover - FrameReplayRest;
 
+// Frame `place` of the colour scheme's row; the last one is the lit one.
+Integer RecordFrame(int place) {
+    const int perScheme = TrainingActive != Off ? TrainingRecordFramesPerScheme : RecordFramesPerScheme;
+    return static_cast<Integer>(ColourSchemeIndex * perScheme + std::min(place, perScheme));
+}
+
 } // namespace
 
+void DrawRecordLamp() {
+    const bool lit = SessionRunning != Off && !timLedBlink.Enabled;
+    if (lit && AppLinkOnly != Off)
+        picStartSmp.Frame = LinkLitFrame;
+    else
+        picStartSmp.Frame = RecordFrame(lit ? RecordFramesPerScheme : 1);
+}
+
+void HoverRecordButton(bool over) {
+    DrawRecordLamp();
+    if (over)
+        picStartSmp.Frame = RecordFrame(SessionRunning != Off ? RecordRunningHover : RecordHover);
+}
+
 void RefreshSessionButtons(bool /*force*/) {
-    const int perScheme = TrainingActive != Off ? TrainingRecordFramesPerScheme : RecordFramesPerScheme;
-    picStartSmp.Frame = static_cast<Integer>(ColourSchemeIndex * perScheme + 1);
+    DrawRecordLamp();
     const bool enough = SessionSeconds >= ReplayMinimumSeconds || timReplay.Enabled;
     if (SessionRunning != Off || !enough) {
         picReplay.Frame = FrameReplayBlocked;

@@ -14,6 +14,14 @@ void RefreshSessionButtons(bool force);
 /// change.
 void HoverSessionButton(PictureButton& button, bool over);
 
+/// The record button: dark at rest, lit while a recording runs, and dark for the blink of `timLedBlink` that
+/// each beat starts.
+void DrawRecordLamp();
+
+/// The pointer comes over `picStartSmp`, or leaves it: its highlight differs between a recording that runs
+/// and none.
+void HoverRecordButton(bool over);
+
 /// `picStop` is pressed, until it is released.
 void PressStopButton();
 

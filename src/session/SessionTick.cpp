@@ -84,7 +84,7 @@ void PlayChordIfWanted() {
         PlayMidiChord(false, 0, 0);
 }
 
-void RunSessionTick() {
+void RunSecond(bool feedback) {
     ShowStartNotice();
     AnalysisSecond = SessionTick;
     RunAnalyses();
@@ -95,14 +95,19 @@ void RunSessionTick() {
     } else {
         SendSecondToLink();
     }
-    if (TrainingActive != Off) {
+    if (TrainingActive != Off && feedback) {
         AnalysisSecond = SessionTick;
         TickTraining();
     }
-    PlayChordIfWanted();
+    if (feedback)
+        PlayChordIfWanted();
     if (AfterSecond != nullptr)
         AfterSecond();
     EcgViewState.LastSeekSecond = 0; // what a seek has left is no longer shown
+}
+
+void RunSessionTick() {
+    RunSecond(true);
     ++SessionTick;
 }
 

@@ -19,8 +19,12 @@ void DrawAnalysisPanels(double stillHistoryMode = 0, void (*beforeHistory)() = n
 /// `MidiInTraining`, outside training with `MidiInPanels`.
 void PlayChordIfWanted();
 
-/// The whole second `SessionTick`: start notice, analyses, panels or (with `AppLinkOnly`) the link, training,
-/// chord; then the cursor moves on. The caller has made sure that the session has that second.
+/// The second `SessionTick`, of a replay or of a recording: start notice, analyses, panels or (with
+/// `AppLinkOnly`) the link, training, chord. Without `feedback` there is neither training nor chord: the
+/// second holds nothing that they could follow. The caller has made sure that the session has that second.
+void RunSecond(bool feedback);
+
+/// A second of a replay; then the cursor moves on.
 void RunSessionTick();
 
 /// Called at the end of each second, before the cursor moves on; nobody by default.

@@ -1,16 +1,20 @@
 #include "session/SessionTimers.h"
 
-#include "analysis/ColourSchemes.h"
 #include "feedback/PartnerTools.h"
 #include "feedback/Scenery.h"
 #include "feedback/WMPPlay.h"
+#include "persistence/FileMessages.h"
 #include "quickscan/QuickScan.h"
+#include "session/Acquisition.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Monitor.h"
+#include "session/Recovery.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
+#include "session/SessionButtons.h"
 
 namespace pulselark {
 
@@ -38,6 +42,12 @@ void ChannelModeTick() {
     OpenAllPanels(true);
 }
 
+// The last stage of the start; what a crash has left is offered once the window stands.
+void LastStartUpTick() {
+    ChannelModeTick();
+    OfferLeftRecording();
+}
+
 void FirstPaintTick() {
     timPrintFirst.Enabled = false;
     RedrawAllPanels();
@@ -45,15 +55,16 @@ void FirstPaintTick() {
     timABMode.Enabled = true;
 }
 
-// The lit frame of the record button; the acquisition enables the timer at each beat and so makes it blink.
+// The record button is lit again; the acquisition enables the timer at each beat and so makes it blink.
 void LedTick() {
     timLedBlink.Enabled = false;
-    if (AppLinkOnly != Off)
-        picStartSmp.Frame = 4;
-    else if (TrainingActive != Off)
-        picStartSmp.Frame = static_cast<Integer>(ColourSchemeIndex * 2 + 2);
-    else
-        picStartSmp.Frame = static_cast<Integer>(ColourSchemeIndex * 4 + 4);
+    DrawRecordLamp();
+}
+
+void TellJournalTick() {
+    timTellJournal.Enabled = false;
+    ShowFileFailure(LanguageText(TextJournalFailed), {JournalFailure, 0}, JournalName(),
+                    LanguageText(TextJournalFailedSafe));
 }
 
 void LoadingTick() {
@@ -67,8 +78,10 @@ void LoadingTick() {
 
 void InstallTimerHandlers() {
     timReplay.Handler = &ReplayTick;
+    timProcess.Handler = &ProcessTick;
+    timTellJournal.Handler = &TellJournalTick;
     timStop.Handler = &CloseMonitorTick;
-    timABMode.Handler = &ChannelModeTick;
+    timABMode.Handler = &LastStartUpTick;
     timPrintFirst.Handler = &FirstPaintTick;
     timLedBlink.Handler = &LedTick;
     timLoadingProgress.Handler = &LoadingTick;

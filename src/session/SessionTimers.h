@@ -2,8 +2,7 @@
 
 namespace pulselark {
 
-/// Gives the session's timers their handlers. Those of a live recording and of the start-up's own stages come
-/// with them.
+/// Gives the session's timers their handlers; those of the start-up's own stages come with them.
 void InstallTimerHandlers();
 
 } // namespace pulselark

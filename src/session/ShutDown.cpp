@@ -6,6 +6,8 @@
 #include "persistence/Configuration.h"
 #include "persistence/DropSession.h"
 #include "persistence/TrainingSettings.h"
+#include "session/Connection.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -28,7 +30,10 @@ void EndRecording() {
     timProcess.Enabled = false;
     if (DryTesting == Off)
         CloseMonitor();
+    RestJournal();
+    SessionRunning = Off;
     timLedBlink.Enabled = false;
+    EndConnection();
     RefreshSessionButtons(true);
 }
 
@@ -41,6 +46,7 @@ bool ExitProgram() {
     EndRecording();
     if (!MayDropSession(TextSaveBeforeExit))
         return false;
+    DiscardJournal();
     timReplay.Enabled = false;
     SilenceMidi();
     MidiClose();

@@ -21,6 +21,9 @@
 #include "persistence/TrainingSettings.h"
 #include "platform/ProgramFolder.h"
 #include "quickscan/QuickScan.h"
+#include "session/Connection.h"
+#include "session/Diagnostics.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
@@ -108,6 +111,9 @@ void InitApplication(bool readSettings) {
     ResetMidiOutput();
     ResetMidiSwitches();
     ResetSoundTester();
+    ResetConnection();
+    ResetJournal();
+    ResetDiagnostics();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;

@@ -335,6 +335,21 @@ enum TextNumber : int {
     TextDocumentSymbol1 = 323,
     TextDocumentSymbol2 = 324,
 
+    // Recording: its monitor, its journal, its end, and what a crash has left.
+    TextConnectionLamp = 330,
+    TextConnectionLost = 331,
+    TextConnectionBack = 332,
+    TextMonitorDoesNotStart = 333,
+    TextJournalFailed = 334,
+    TextRecordingFull = 335,
+    TextRecordingAutoEnded = 336,
+    TextRecoverFound = 337, // then date, time and length
+    TextRecoverQuestion = 338,
+    TextRecoverSave = 339,
+    TextRecovered = 340,
+    TextRecoverFailed = 341,
+    TextJournalFailedSafe = 342,
+
     // Training: mode i is TextModePacer + i; one or both endings after it make a tool tip.
     TextModePacer = 350,
     TextModeBaroreflex = 351,

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/FakeClock.h"
+#include "support/FakeMonitor.h"
 #include "support/RecordingSurface.h"
 
 #include <algorithm>
@@ -9,26 +11,23 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 /// The outside world as a test scripts it: clock, files in memory, answers to messages and dialogs.
 namespace pulselark {
 
-class FakeClock final : public Clock {
-public:
-    std::int64_t Now = 0;
-    std::int64_t PerReading = 0; ///< each reading takes this long
-    std::string Date = "21/11/2026", Time = "17:45";
-    std::int64_t Milliseconds() override { return Now += PerReading; }
-    std::string LocalDate() override { return Date; }
-    std::string LocalTime() override { return Time; }
-};
-
 /// Files in memory. `ReadFailure` and `WriteFailure` fail every call; `DiskSize` lets a write fail after so
-/// many bytes. A write that fails leaves the old content, as the real one does.
+/// many bytes. A write that fails leaves the old content, as the real one does; a growing file keeps what
+/// still found room. `Held` names the files that are open to grow.
 class FakeFiles final : public Files {
 public:
     std::map<std::string, std::string> Content;
+    std::set<std::string> Held;
+    int Flushes = 0;
     Integer ReadFailure = 0;
     Integer WriteFailure = 0;
     std::size_t DiskSize = std::numeric_limits<std::size_t>::max();
@@ -60,6 +59,45 @@ public:
         }
         return 0;
     }
+    std::unique_ptr<GrowingFile> OpenToGrow(const std::string& name, Integer& failure) override {
+        failure = Held.count(name) != 0 ? Integer{FailureFileAlreadyOpen} : WriteFailure;
+        if (failure != 0)
+            return nullptr;
+        return std::make_unique<Growing>(*this, name);
+    }
+    bool HeldToGrow(const std::string& name) override { return Held.count(name) != 0; }
+    Integer Remove(const std::string& name) override {
+        Content.erase(name);
+        return 0;
+    }
+
+private:
+    class Growing final : public GrowingFile {
+    public:
+        Growing(FakeFiles& disk, std::string name) : disk_(disk), name_(std::move(name)) {
+            disk_.Held.insert(name_);
+            disk_.Content[name_];
+        }
+        Growing(const Growing&) = delete;
+        Growing& operator=(const Growing&) = delete;
+        ~Growing() override { disk_.Held.erase(name_); }
+        void Append(std::string bytes, bool flush) override {
+            std::string& content = disk_.Content[name_];
+            const std::size_t room = disk_.DiskSize - std::min(disk_.DiskSize, content.size());
+            if (failure_ == 0)
+                content += bytes.substr(0, room);
+            if (bytes.size() > room)
+                failure_ = FailureDiskFull;
+            disk_.Flushes += flush ? 1 : 0;
+        }
+        Integer FailureSoFar() override { return failure_; }
+        double LastFlushMilliseconds() override { return 1; }
+
+    private:
+        FakeFiles& disk_;
+        std::string name_;
+        Integer failure_ = 0;
+    };
 };
 
 /// Takes its answers from the front of `Answers`; without one it cancels.
@@ -296,6 +334,7 @@ public:
     FakeMidiOutput Midi;
     FakeMediaControl Player{Time};
     FakePagePrinter Printer;
+    FakeMonitors Monitors{Time};
 
 private:
     Platform platform_{.Clock = Time,
@@ -308,7 +347,8 @@ private:
                        .ProgramLauncher = Programs,
                        .MidiOutput = Midi,
                        .MediaControl = Player,
-                       .PagePrinter = Printer};
+                       .PagePrinter = Printer,
+                       .EcgMonitors = Monitors};
 };
 
 } // namespace pulselark

@@ -23,9 +23,13 @@
 #include "quickscan/QsAnalysis.h"
 #include "quickscan/QuickScan.h"
 #include "session/AnalysisBuffers.h"
+#include "session/Connection.h"
+#include "session/Diagnostics.h"
+#include "session/JournalKeeper.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
+#include "session/Monitor.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
 #include "session/ReportDocument.h"
@@ -75,6 +79,10 @@ void PutEverythingBack() {
     for (int item = 0; item < LanguageItems; ++item)
         LanguageTable(0, item) = "<" + std::to_string(item) + ">";
     ResetReportDocument();
+    ResetConnection();
+    ResetJournal();
+    ResetDiagnostics();
+    DeviceHandle = 0;
 }
 
 SessionTest::SessionTest() {

@@ -46,6 +46,11 @@ std::int64_t SystemClock::Milliseconds() {
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
+double SystemClock::FineMilliseconds() {
+    using namespace std::chrono;
+    return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
+}
+
 std::string SystemClock::LocalDate() {
     const Locale locale = TimeLocale();
     return Formatted(locale != nullptr ? "%x" : "%d/%m/%Y", locale);
@@ -57,6 +62,10 @@ std::string SystemClock::LocalTime() {
     const bool halfDays =
         whole.find("%p") != std::string_view::npos || whole.find("%r") != std::string_view::npos;
     return Formatted(halfDays ? "%I:%M %p" : "%H:%M", locale);
+}
+
+std::string SystemClock::Stamp() {
+    return Formatted("%Y%m%d-%H%M%S", nullptr);
 }
 
 } // namespace pulselark

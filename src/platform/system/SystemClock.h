@@ -9,8 +9,10 @@ namespace pulselark {
 class SystemClock final : public Clock {
 public:
     std::int64_t Milliseconds() override;
+    double FineMilliseconds() override;
     std::string LocalDate() override;
     std::string LocalTime() override;
+    std::string Stamp() override;
 };
 
 } // namespace pulselark

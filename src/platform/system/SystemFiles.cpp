@@ -1,5 +1,8 @@
 #include "platform/system/SystemFiles.h"
 
+#include "platform/system/ErrorNumber.h"
+#include "platform/system/GrowingFileWriter.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -9,42 +12,13 @@
 #include <strings.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace pulselark {
 
 namespace {
 
 constexpr off_t LargestFile = off_t{256} * 1024 * 1024;
-
-Integer NumberOf(int error, Integer notThere) {
-    switch (error) {
-    case ENOENT:
-        return notThere;
-    case ENOTDIR:
-        return FailurePathNotFound;
-    case ENAMETOOLONG:
-    case EINVAL:
-    case EILSEQ:
-        return FailureBadFileName;
-    case EACCES:
-    case EPERM:
-        return FailurePermissionDenied;
-    case EISDIR:
-    case EROFS:
-    case ELOOP:
-    case ETXTBSY:
-    case ENXIO:
-        return FailurePathFileAccess;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return FailureDiskFull;
-    case ENOMEM:
-        return FailureOutOfMemory;
-    default:
-        return FailureDeviceIO;
-    }
-}
 
 // An open file that is closed on every way out.
 class Descriptor {
@@ -75,25 +49,12 @@ Integer ReadAll(int file, std::string& bytes) {
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return NumberOf(errno, FailureFileNotFound);
+            return NumberOfError(errno, FailureFileNotFound);
         if (count == 0)
             break; // the file became shorter while it was read
         done += static_cast<std::size_t>(count);
     }
     bytes.resize(done);
-    return 0;
-}
-
-int WriteAll(int file, const std::string& bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = ::write(file, bytes.data() + done, bytes.size() - done);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return errno;
-        done += static_cast<std::size_t>(count);
-    }
     return 0;
 }
 
@@ -108,7 +69,7 @@ mode_t RightsOf(const std::string& name) {
 }
 
 int WriteFlushed(int file, mode_t rights, const std::string& bytes) {
-    if (const int error = WriteAll(file, bytes); error != 0)
+    if (const int error = WriteWhole(file, bytes.data(), bytes.size()); error != 0)
         return error;
     // A file system without rights of its own keeps what it gives.
     static_cast<void>(::fchmod(file, rights));
@@ -208,7 +169,7 @@ Integer SystemFiles::ReadWhole(const std::string& name, std::string& bytes) {
         const auto folder = std::filesystem::path(name).parent_path();
         std::error_code error;
         const bool folderThere = folder.empty() || std::filesystem::is_directory(folder, error);
-        return NumberOf(failed, folderThere ? FailureFileNotFound : FailurePathNotFound);
+        return NumberOfError(failed, folderThere ? FailureFileNotFound : FailurePathNotFound);
     }
     struct stat status {};
     if (::fstat(file.Number(), &status) != 0)
@@ -231,14 +192,14 @@ Integer SystemFiles::ReplaceWhole(const std::string& name, const std::string& by
         return FailureBadFileName;
     std::filesystem::path target = name;
     if (const int error = FollowLinks(target); error != 0)
-        return NumberOf(error, FailurePathNotFound);
+        return NumberOfError(error, FailurePathNotFound);
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0) {
         if (!S_ISREG(old.st_mode))
             return FailurePathFileAccess;
         // A file that is write-protected stays as it is, though its folder would let it be replaced.
         if (::access(target.c_str(), W_OK) != 0)
-            return NumberOf(errno, FailurePathNotFound);
+            return NumberOfError(errno, FailurePathNotFound);
     }
     const mode_t rights = RightsOf(target);
     const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
@@ -246,7 +207,7 @@ Integer SystemFiles::ReplaceWhole(const std::string& name, const std::string& by
     const int error = unnamed >= 0 ? ReplaceByUnnamed(unnamed, folder, target, rights, bytes)
                                    : ReplaceByNamed(folder, target, rights, bytes);
     if (error != 0)
-        return NumberOf(error, FailurePathNotFound);
+        return NumberOfError(error, FailurePathNotFound);
     FlushFolder(folder);
     return 0;
 }
@@ -265,10 +226,28 @@ Integer SystemFiles::ListFolder(const std::string& folder, const std::string& ex
     }
     if (error) {
         names.clear();
-        return NumberOf(error.value(), FailurePathNotFound);
+        return NumberOfError(error.value(), FailurePathNotFound);
     }
     std::sort(names.begin(), names.end());
     return 0;
+}
+
+std::unique_ptr<GrowingFile> SystemFiles::OpenToGrow(const std::string& name, Integer& failure) {
+    FileDescriptor file = OpenHeld(name, failure);
+    if (failure != 0)
+        return nullptr;
+    FlushFolder(std::filesystem::path(name).parent_path());
+    return std::make_unique<GrowingFileWriter>(std::move(file));
+}
+
+bool SystemFiles::HeldToGrow(const std::string& name) {
+    return IsHeld(name);
+}
+
+Integer SystemFiles::Remove(const std::string& name) {
+    if (::unlink(name.c_str()) == 0 || errno == ENOENT)
+        return 0;
+    return NumberOfError(errno, FailurePathNotFound);
 }
 
 } // namespace pulselark
