@@ -19,7 +19,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    int PaintLamp(QPainter& painter) const;
+
     QString message_;
+    QString lamp_; ///< that the monitor is not connected; empty if it is, or is not needed
     QString facts_;
 };
 

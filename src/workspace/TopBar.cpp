@@ -3,6 +3,8 @@
 #include "analysis/ColourSchemes.h"
 #include "analysis/InputCD.h"
 #include "platform/qt/QtColour.h"
+#include "session/Connection.h"
+#include "session/Diagnostics.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/SessionButtons.h"
@@ -61,6 +63,11 @@ Icon LightOf(const EcgBuffer& ecg, const SecondsBuffer& ibi, Long second) {
     return weak ? Icon::LightWeak : Icon::LightGood;
 }
 
+// While a recording runs, its own judgement of the signal counts.
+Icon LightOf(Integer light) {
+    return light >= 2 ? Icon::LightGood : light == 1 ? Icon::LightWeak : Icon::LightLost;
+}
+
 int RateOf(const SecondsBuffer& ibi, Long second) {
     const double interval = ibi[second];
     return interval > 0 ? static_cast<int>(Round(60 / interval)) : 0;
@@ -105,7 +112,7 @@ TopBar::TopBar(QWidget* parent)
 
 void TopBar::Retranslate() {
     record_->setAccessibleName(Text(TextRecordButton));
-    record_->setToolTip(TipLines(Text(TextRecordButtonOffTip)));
+    record_->setToolTip(TipLines(Text(TextRecordButtonTip)));
     replay_->setAccessibleName(Text(TextReplayButton));
     replay_->setToolTip(TipLines(Text(TextReplayButtonTip)));
     stop_->setAccessibleName(Text(TextStopButton));
@@ -210,7 +217,9 @@ void TopBar::LayOutRight() {
 }
 
 void TopBar::Mirror() {
-    record_->SetState(false, SessionRunning != Off, false);
+    const bool mayRecord = SessionRunning != Off || (!SessionBusy() && TrainingActive == Off);
+    record_->SetState(mayRecord, SessionRunning != Off, false);
+    record_->SetLamp(timLedBlink.Enabled, ConnectionLost != Off);
     const bool running = picReplay.Frame == FrameReplayRunning || picReplay.Frame == FrameReplayRunningHover;
     const bool replayLifted =
         picReplay.Frame == FrameReplayHover || picReplay.Frame == FrameReplayRunningHover;
@@ -221,10 +230,10 @@ void TopBar::Mirror() {
     QList<Chip> chips;
     if (second > 0) {
         chips.append({"A", QString("%1 %2").arg(RateOf(IbiA, second)).arg(Text(TextBpm)),
-                      LightOf(EcgA, IbiA, second)});
+                      SessionRunning != Off ? LightOf(SignalLightA) : LightOf(EcgA, IbiA, second)});
         if (ChannelBPresent != Off)
             chips.append({"B", QString("%1 %2").arg(RateOf(IbiB, second)).arg(Text(TextBpm)),
-                          LightOf(EcgB, IbiB, second)});
+                          SessionRunning != Off ? LightOf(SignalLightB) : LightOf(EcgB, IbiB, second)});
         for (Chip& chip : chips) {
             if (chip.Light == Icon::LightLost)
                 chip.Value = Text(TextSignalLost);

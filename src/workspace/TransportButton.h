@@ -16,9 +16,12 @@ public:
     void SetDiameter(int diameter);
     /// Available: can be pressed. Running: what the button starts is under way. Lifted: under the pointer.
     void SetState(bool available, bool running, bool lifted);
+    /// The lamp of the record button: its ring lights at a beat, and is grey while no monitor answers.
+    void SetLamp(bool beat, bool silent);
 
 signals:
-    /// Released with the left (1) or right (2) mouse button, or by the keyboard (2: normal speed).
+    /// Released with the left (1) or right (2) mouse button, or by the keyboard: replay at normal speed (2),
+    /// the record button as by the left one.
     void ReleasedWith(int mouseButton);
     void PressedDown();
     /// The pointer comes over the button, or leaves it.
@@ -33,11 +36,15 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    void PaintRecording(QPainter& painter) const;
+
     Icon icon_;
     bool available_ = false;
     bool running_ = false;
     bool lifted_ = false;
     bool pressed_ = false;
+    bool beat_ = false;
+    bool silent_ = false;
 };
 
 } // namespace pulselark

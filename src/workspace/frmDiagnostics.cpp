@@ -18,8 +18,9 @@ QString Milliseconds(double value) {
 
 std::function<QString()> TimeOf(const MeasuredTime& time) {
     return [&time] {
-        return time.Worst == 0 ? QString("–")
-                               : Milliseconds(time.Last) + "  " + Text(TextAtMost).arg(Milliseconds(time.Worst));
+        return time.Worst == 0
+                   ? QString("–")
+                   : Milliseconds(time.Last) + "  " + Text(TextAtMost).arg(Milliseconds(time.Worst));
     };
 }
 
@@ -29,7 +30,9 @@ std::function<QString()> CountOf(const Long& count) {
 
 std::function<QString()> RateOf(const ChannelFigures& figures) {
     return [&figures] {
-        return QString("%1 / %2").arg(figures.SamplesPerSecond, 0, 'f', 2).arg(figures.NominalRate, 0, 'f', 0);
+        return QString("%1 / %2")
+            .arg(figures.SamplesPerSecond, 0, 'f', 2)
+            .arg(figures.NominalRate, 0, 'f', 0);
     };
 }
 

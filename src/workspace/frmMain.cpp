@@ -9,6 +9,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
+#include "session/RecordButton.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 #include "session/Seek.h"
@@ -198,6 +199,11 @@ void frmMain::ConnectTransport() {
     connect(replay, &TransportButton::ReleasedWith, this, [this](int button) {
         Do([button] { ReleaseReplayButton(button == LeftButton ? LeftButton : RightButton); });
     });
+    connect(topBar_->RecordButton(), &TransportButton::ReleasedWith, this, [this](int button) {
+        Do([button] { ReleaseRecordButton(button == LeftButton ? LeftButton : RightButton); });
+    });
+    connect(topBar_->RecordButton(), &TransportButton::Hovered, this,
+            [this](bool over) { Do([over] { HoverRecordButton(over); }); });
     connect(stop, &TransportButton::PressedDown, this, [this] { Do(&PressStopButton); });
     connect(stop, &TransportButton::ReleasedWith, this, [this] { Do(&ReleaseStopButton); });
 }
@@ -301,6 +307,10 @@ void frmMain::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
         CancelDrag();
+        break;
+    case Qt::Key_R:
+        if (event->modifiers() == Qt::ControlModifier && !event->isAutoRepeat())
+            Do([] { ReleaseRecordButton(LeftButton); });
         break;
     case Qt::Key_F6:
         Do([fast] { ChooseNextPanel(fast ? -1 : 1); });
