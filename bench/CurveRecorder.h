@@ -43,6 +43,14 @@ public:
     void StretchImage(const Image& image, double x, double y, double width, double height) override {
         panel_.StretchImage(image, x, y, width, height);
     }
+    void SetPageFont(double height, int weight) override { panel_.SetPageFont(height, weight); }
+    void Stroke(std::span<const PanelPoint> points, const Pen& pen) override { panel_.Stroke(points, pen); }
+    void FilledArea(std::span<const PanelPoint> points, Colour fill) override {
+        panel_.FilledArea(points, fill);
+    }
+    void GradientBox(double x1, double y1, double x2, double y2, Colour top, Colour bottom) override {
+        panel_.GradientBox(x1, y1, x2, y2, top, bottom);
+    }
 
 private:
     Surface& panel_;

@@ -3,6 +3,7 @@
 #include "app/Commands.h"
 #include "app/EventTrace.h"
 #include "app/WindowStart.h"
+#include "images/BackgroundPicture.h"
 #include "persistence/OpenSession.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
@@ -13,6 +14,7 @@
 #include "session/Replay.h"
 #include "session/Settings.h"
 #include "session/StartUp.h"
+#include "workspace/Motion.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmMain.h"
@@ -77,7 +79,17 @@ void FitToScreen(frmMain& window) {
     const bool fits = !builtIn && last.width() >= window.minimumWidth() &&
                       last.height() >= window.minimumHeight() && last.width() <= room.width() &&
                       last.height() <= room.height();
-    window.resize(fits ? last : wanted.boundedTo(room * 0.94));
+    if (!fits) {
+        window.resize(wanted.boundedTo(room * 0.94));
+        return;
+    }
+    const QRect screens = screen->virtualGeometry();
+    const QRect place(QPoint(static_cast<int>(frmScale.Left / 15), static_cast<int>(frmScale.Top / 15)),
+                      last);
+    if (screens.contains(place))
+        window.setGeometry(place);
+    else
+        window.resize(last);
 }
 
 // Each line at once, so that a trace is whole whenever it is read.
@@ -86,12 +98,6 @@ std::unique_ptr<EventTrace> TraceInto(std::FILE& file) {
         std::fwrite(line.data(), 1, line.size(), &file);
         std::fflush(&file);
     });
-}
-
-// The desktop's wish for no motion, as its toolkits pass it on.
-bool ReducedMotion() {
-    return qEnvironmentVariableIntValue("GTK_ENABLE_ANIMATIONS") == 0 &&
-           qEnvironmentVariableIsSet("GTK_ENABLE_ANIMATIONS");
 }
 
 } // namespace
@@ -103,6 +109,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         platform.SetUnattended();
     StartCore(!options.FullSpeed);
+    LoadBackgroundPicture();
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> traceFile(nullptr, &std::fclose);
     std::unique_ptr<EventTrace> trace;
     if (!options.Trace.empty()) {
@@ -123,7 +130,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
         ShortcutDone = ToBoolean(CreateDesktopShortcut() == 0);
     frmAbout_new splash(nullptr, options.Version.c_str());
     const bool waits = options.Splash && ShowAboutAtStart != Off;
-    splash.ShowAsSplash({!waits, ReducedMotion()}, [&] {
+    splash.ShowAsSplash({!waits, !MotionWanted()}, [&] {
         window.show();
         BeginStartUp(options.Splash);
         window.Mirror();

@@ -111,8 +111,11 @@ void AppendChannel(std::string& out, const ScanChannel& channel, double score) {
     out += ",\"ScanPowerRatio\":" + JsonNumber(channel.PowerRatio);
     out += ",\"MeanHeartRate\":" + JsonNumber(channel.MeanHeartRate);
     out += ",\"ScanPeak\":" + std::to_string(channel.Peak) + ",\"CohScoreBins\":[";
-    for (int bin = 1; bin <= 10; ++bin)
-        out += (bin > 1 ? "," : "") + std::to_string(channel.Bins[bin]);
+    for (int bin = 1; bin <= 10; ++bin) {
+        if (bin > 1)
+            out += ',';
+        out += std::to_string(channel.Bins[bin]);
+    }
     out += "],\"Score\":" + JsonNumber(score);
     out += ",\"QsSpectrumSize\":" + std::to_string(QsSpectrumSize) + "}";
 }

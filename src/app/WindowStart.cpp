@@ -27,6 +27,7 @@ void StartToolkit() {
 
 void StartCore(bool readSettings) {
     SetProgramFolder(FindProgramFolder());
+    SetShippedFolder(FindShippedFolder());
     InitApplication(readSettings);
 }
 

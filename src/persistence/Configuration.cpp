@@ -57,7 +57,7 @@ void FallBack(const FileOutcome& outcome, const std::string& name) {
         ThePlatform().Messages.Show(LanguageText(TextConfigNotFound), ButtonOK, WarningManner);
         ShowStatus(LanguageText(TextFileFailure));
     } else {
-        ShowFileFailure(LanguageText(TextConfigLoadFailed), outcome, name, LanguageText(TextOpenFailedSafe));
+        ShowFileFailure(LanguageText(TextConfigLoadFailed), outcome, name, LanguageText(TextBuiltInLayout));
     }
     DefaultLayout();
 }
@@ -75,6 +75,8 @@ void Apply(const std::string& name) {
     } else {
         StartWideFeedback();
     }
+    LayoutLoaded = TrainingActive == Off;
+    PlaceBeforeEnlarging = {};
     LayoutCanvas();
     OpenAllPanels(true);
     for (std::size_t i = 0; i < picModule.size(); ++i)

@@ -1,5 +1,6 @@
 #include "persistence/LanguagePack.h"
 
+#include "persistence/ConfigFolder.h"
 #include "platform/Platform.h"
 #include "platform/ProgramFolder.h"
 #include "session/LanguageTable.h"
@@ -31,9 +32,35 @@ constexpr std::array<SectionMarker, 11> SectionMarkers{{
     {300, "--- REPORT [ITEM #300] ---"},
 }};
 
-std::string PackName() {
-    const std::string& folder = ProgramFolder();
-    return (folder.empty() ? std::string() : folder + "/") + "config/langpack.oml";
+constexpr const char* PackFile = "langpack.oml";
+
+void ReadLanguage(TextRecordReader& reader, int language) {
+    for (int item = 0; item < LanguageItems; ++item)
+        LanguageTable(language, item) = reader.NextText();
+}
+
+void SkipHeader(TextRecordReader& reader) {
+    for (int i = 0; i < HeaderLines; ++i)
+        reader.NextText();
+}
+
+// Language 0 of the pack that ships, where that is another file than the one in use: an older pack lacks the
+// words of newer windows.
+void LoadShippedTexts() {
+    ShippedTexts.clear();
+    if (ShippedFolder().empty() || ShippedFolder() == ProgramFolder())
+        return;
+    std::string bytes;
+    if (ThePlatform().Files.ReadWhole(ShippedFolder() + "/config/" + PackFile, bytes) != 0)
+        return;
+    TextRecordReader reader(bytes);
+    try {
+        SkipHeader(reader);
+        for (int item = 0; item < LanguageItems; ++item)
+            ShippedTexts.emplace_back(reader.NextText());
+    } catch (const Failure&) {
+        ShippedTexts.clear();
+    }
 }
 
 } // namespace
@@ -41,12 +68,9 @@ std::string PackName() {
 FileOutcome ReadLanguageText(std::string_view text) {
     TextRecordReader reader(text);
     try {
-        for (int i = 0; i < HeaderLines; ++i)
-            reader.NextText();
-        for (int language = 0; language < LanguageCount; ++language) {
-            for (int item = 0; item < LanguageItems; ++item)
-                LanguageTable(language, item) = reader.NextText();
-        }
+        SkipHeader(reader);
+        for (int language = 0; language < LanguageCount; ++language)
+            ReadLanguage(reader, language);
     } catch (const Failure& failure) {
         return {failure.Number, reader.Line()};
     }
@@ -70,13 +94,14 @@ std::string LanguagePackText() {
 
 void LoadLanguagePack() {
     std::string bytes;
-    const Integer failure = ThePlatform().Files.ReadWhole(PackName(), bytes);
+    LoadShippedTexts();
+    const Integer failure = ThePlatform().Files.ReadWhole(InConfigFolder(PackFile), bytes);
     if (failure != 0 || ReadLanguageText(bytes).Number != 0)
         ThePlatform().Messages.Show("Error while reading language file", ButtonOK, WarningManner);
 }
 
 Integer SaveLanguagePack() {
-    return ThePlatform().Files.ReplaceWhole(PackName(), LanguagePackText());
+    return ThePlatform().Files.ReplaceWhole(InConfigFolder(PackFile), LanguagePackText());
 }
 
 } // namespace pulselark

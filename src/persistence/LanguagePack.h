@@ -17,8 +17,8 @@ FileOutcome ReadLanguageText(std::string_view text);
 /// person who edits the file to find a place.
 std::string LanguagePackText();
 
-/// Reads the pack of the program's folder. Any failure is told once, and the program goes on with what was
-/// read.
+/// Reads the pack of the program's folder, and what it may lack from the one that ships. Any failure of the
+/// first is told once, and the program goes on with what was read.
 void LoadLanguagePack();
 
 /// Writes the pack of the program's folder, whole or not at all. Returns 0 or the failure's number.

@@ -36,7 +36,7 @@ void SaveSession() {
     RefreshSessionButtons(false);
     CollectReportFields();
     const std::string lockBefore = SessionInfo[20];
-    SessionInfo[20] = "1"; // a saved document is locked
+    SessionInfo[20] = '1'; // a saved document is locked
     const Integer failure = WriteSessionFile(name);
     BringSceneryBack();
     if (failure != 0) {

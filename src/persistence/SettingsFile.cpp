@@ -40,7 +40,7 @@ void LoadSettingsFile(const SettingsFile& file) {
     if (IsMissing(outcome.Number))
         TellMissing(file);
     else
-        ShowFileFailure(LanguageText(file.LoadFailedText), outcome, name, LanguageText(TextOpenFailedSafe));
+        ShowFileFailure(LanguageText(file.LoadFailedText), outcome, name, LanguageText(TextBuiltInSettings));
 }
 
 void SaveSettingsFile(const SettingsFile& file) {

@@ -11,6 +11,11 @@ std::string& Folder() {
     return folder;
 }
 
+std::string& Shipped() {
+    static std::string folder;
+    return folder;
+}
+
 } // namespace
 
 const std::string& ProgramFolder() {
@@ -19,6 +24,14 @@ const std::string& ProgramFolder() {
 
 void SetProgramFolder(std::string folder) {
     Folder() = std::move(folder);
+}
+
+const std::string& ShippedFolder() {
+    return Shipped();
+}
+
+void SetShippedFolder(std::string folder) {
+    Shipped() = std::move(folder);
 }
 
 } // namespace pulselark

@@ -84,9 +84,9 @@ void DrawInset(int bins, double unit) {
                      QsBoxFill(), {QsFrameColour, QsPixel()});
     const double margin = QsX(0.25);
     const double low = QsY(0.25 * SquareRootOfTwo);
-    std::vector<double> heights = SmoothedPowers(bins, 0);
-    for (double& height : heights)
-        height *= unit / Shrunk;
+    std::vector<double> heights;
+    for (int i = 1; i <= bins; ++i)
+        heights.push_back(QsSpectrum[i] * unit / Shrunk);
     DrawCapped({QsX(Right - Width) + margin, (QsX(Width) - 2 * margin) / (bins - 1), base + low,
                 QsY(QsInsetHeight) - 2 * low, InsetTrace, QsPixel()},
                heights);

@@ -14,12 +14,11 @@ namespace pulselark {
 
 namespace {
 
-constexpr Colour ScreenPaper = MakeColour(0xFB, 0xFA, 0xF9);
 constexpr double SliderWidth = 16;
 constexpr double LeastSliderHeight = 48;
 
 void PaintPaper() {
-    picQS->SetForeColour(ScreenPaper);
+    picQS->SetForeColour(QsPaperColour());
     picQS->FilledBox(0, 0, picQS->Width(), picQS->Height());
     picQS->StorePicture(*picQS);
 }
@@ -44,6 +43,11 @@ void ShowSlider(bool visible) {
     picSliderAv.Visible = picAvUp.Visible = picAvDown.Visible = visible;
 }
 
+// A scan of a channel that the session has.
+bool HasData() {
+    return QuickScanResultShown != Off && (QuickScanFresh != Off || ChannelBPresent != Off);
+}
+
 // Another surface for a while.
 class PageOn {
 public:
@@ -66,7 +70,8 @@ void QsShowPage(bool fullLayout) {
     QsDrawBellCurve();
     QsDrawHistogramFrame();
     QsDrawGaugeFrame();
-    QsDrawPageText();
+    if (!HasData())
+        QsDrawPageText();
     if (fullLayout)
         PlaceSlider();
 }
@@ -76,6 +81,7 @@ void QsAnalyseAndDraw() {
         return;
     QsMeasure();
     QsDrawCoherence(ShownChannel().Coherence);
+    QsDrawPageText(); // now: that curve runs as far up the page as its values go
     QsDrawSpectrum();
     if (QsShowReference != Off)
         QsDrawReferenceCurve();
@@ -95,7 +101,7 @@ void QsAnalyseAndDraw() {
 void OpenQuickScanPanel() {
     picQS->Clear();
     QsShowPage(true);
-    if (QuickScanFresh != Off || ChannelBPresent != Off)
+    if (HasData())
         QsAnalyseAndDraw();
 }
 
@@ -103,7 +109,8 @@ void QsDrawOnPaper(Surface& paper) {
     const PageOn page(paper);
     const FlagWhile printing(QsPrinting);
     QsShowPage(false);
-    QsAnalyseAndDraw();
+    if (HasData())
+        QsAnalyseAndDraw();
 }
 
 void QsPointerMove(double x, double y) {

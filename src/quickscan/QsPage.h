@@ -14,6 +14,7 @@ inline constexpr Integer QsSmoothingMost = 16;
 
 /// The fixed part of the page: paper, plots without data, texts; and the place of the smoothing slider. With
 /// `fullLayout` the paper becomes the panel's stored picture; without, as for a printer, no paper is painted.
+/// Where data follow, the texts come with them, so that no curve runs over a text.
 void QsShowPage(bool fullLayout);
 
 /// Measures the shown channel anew and draws everything that was measured. Nothing without a scan.
@@ -23,7 +24,8 @@ void QsAnalyseAndDraw();
 /// session does not have leaves the page empty of data.
 void OpenQuickScanPanel();
 
-/// The page on another surface, which stands for paper: its own colours are drawn, its ground is left alone.
+/// The page on another surface, which stands for paper: its own colours are drawn, its ground is left alone
+/// but for the plates behind texts. Like the panel it stays empty of data for a channel the session lacks.
 /// The panel keeps its surface and is not drawn on; what was measured is the same afterwards.
 void QsDrawOnPaper(class Surface& paper);
 

@@ -15,10 +15,19 @@ constexpr double UnderPlot = 0.4;        // distance of a scale's labels below i
 constexpr double LeastTextHeight = 11;   // of the screen
 constexpr double PixelPageHeight = 1285; // from here on lines grow with the page
 
+double LeftOfText(double x, std::string_view text, TextSide side) {
+    const double part = side == TextSide::Left ? 0 : side == TextSide::Centre ? 0.5 : 1;
+    return x - part * picQS->TextWidth(text);
+}
+
 } // namespace
 
 Colour QsBoxFill() {
     return QsPrinting != Off ? MakeColour(255, 255, 255) : MakeColour(226, 222, 219);
+}
+
+Colour QsPaperColour() {
+    return QsPrinting != Off ? MakeColour(255, 255, 255) : MakeColour(0xFB, 0xFA, 0xF9);
 }
 
 double QsX(double percent) {
@@ -51,8 +60,20 @@ void QsSetFont(double height, int weight, Colour ink) {
 }
 
 void QsPrintAt(double x, double top, std::string_view text, TextSide side) {
-    const double part = side == TextSide::Left ? 0 : side == TextSide::Centre ? 0.5 : 1;
-    picQS->Print(x - part * picQS->TextWidth(text), top, text);
+    picQS->Print(LeftOfText(x, text, side), top, text);
+}
+
+void QsPrintOnPlate(double x, double top, double height, std::string_view text, TextSide side) {
+    const double left = LeftOfText(x, text, side);
+    QsDrawPlate(left, left + picQS->TextWidth(text), top, height);
+    picQS->Print(left, top, text);
+}
+
+void QsDrawPlate(double left, double right, double top, double height, Colour ink) {
+    const double beside = 3 * QsPixel();
+    picQS->SetForeColour(QsPaperColour());
+    picQS->FilledBox(left - beside, top - height, right + beside, top);
+    picQS->SetForeColour(ink);
 }
 
 void QsLabelLeft(const PagePlot& plot, double right, double share, std::string_view text) {
@@ -63,7 +84,8 @@ void QsLabelLeft(const PagePlot& plot, double right, double share, std::string_v
 void QsLabelUnder(const PagePlot& plot, double share, std::string_view text, TextSide side) {
     // On a small page clear of the label that stands at the foot of the other scale.
     const double distance = QsSmallPage() ? QsTextHeight() / 2 : QsY(UnderPlot);
-    QsPrintAt(QsX(plot.Left + share * plot.Width), QsDown(plot.Base) - distance, text, side);
+    QsPrintOnPlate(QsX(plot.Left + share * plot.Width), QsDown(plot.Base) - distance, QsTextHeight(), text,
+                   side);
 }
 
 std::string QsFitted(const std::string& text, double width) {

@@ -38,6 +38,9 @@ extern Boolean QsPrinting;
 /// Fill of a framed box: grey on the screen, white on paper.
 Colour QsBoxFill();
 
+/// What the page is drawn on: the screen's light paper, or white.
+Colour QsPaperColour();
+
 /// Parts of the page's width and height in units of its surface; `percent` of the height counts down from the
 /// top in `QsDown`, which gives the surface's own y.
 double QsX(double percent);
@@ -68,6 +71,12 @@ void QsLabelUnder(const PagePlot& plot, double share, std::string_view text,
 /// the next `QsSetFont`.
 void QsSetFont(double height, int weight, Colour ink = QsTextColour);
 void QsPrintAt(double x, double top, std::string_view text, TextSide side = TextSide::Left);
+
+/// The same where a curve may run: on a plate of the paper, as high as the text in `height` units.
+void QsPrintOnPlate(double x, double top, double height, std::string_view text,
+                    TextSide side = TextSide::Left);
+/// The plate by itself, from `left` to `right`; the colour that follows is `ink`.
+void QsDrawPlate(double left, double right, double top, double height, Colour ink = QsTextColour);
 
 /// The text, cut with three dots to fit `width`.
 std::string QsFitted(const std::string& text, double width);

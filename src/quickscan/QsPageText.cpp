@@ -39,7 +39,7 @@ void PrintTitle() {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         QsSetFont(QsTextHeight(), i == 0 ? QsBold : QsPlain);
         const double top = std::min(QsDown(Tops[i]), free);
-        QsPrintAt(QsX(LeftEdge), top, QsFitted(lines[i], QsX(LongestTitle - LeftEdge)));
+        QsPrintOnPlate(QsX(LeftEdge), top, QsTextHeight(), QsFitted(lines[i], QsX(LongestTitle - LeftEdge)));
         free = top - QsTextHeight();
     }
     const double rule = std::min(QsDown(Rule), free - 2 * QsPixel());
@@ -48,7 +48,7 @@ void PrintTitle() {
 }
 
 void PrintCaption(double left, double right, double top, int item) {
-    QsPrintAt(QsX(left), QsDown(top), QsFitted(LanguageText(item), QsX(right - left)));
+    QsPrintOnPlate(QsX(left), QsDown(top), QsTextHeight(), QsFitted(LanguageText(item), QsX(right - left)));
 }
 
 void PrintCaptions() {

@@ -127,8 +127,9 @@ void QsPrintBandValues() {
 
 void QsPrintAverage() {
     QsSetFont(QsTextHeight(), QsHeading);
-    QsPrintAt(QsX(85), QsDown(37), LanguageText(TextScanAverage) + std::to_string(Round(QsCoherencePercent)),
-              TextSide::Right);
+    QsPrintOnPlate(QsX(85), QsDown(37), QsTextHeight(),
+                   LanguageText(TextScanAverage) + std::to_string(Round(QsCoherencePercent)),
+                   TextSide::Right);
 }
 
 void QsPrintMeanRate() {
@@ -144,9 +145,10 @@ void QsPrintMeanRate() {
     }
     QsSetFont(height, QsBold);
     const std::string rate = FixedText(ShownChannel().MeanHeartRate, 0) + " BMP";
-    QsPrintAt(QsX(83.7), top, rate, TextSide::Right);
     const double size = 0.45 * height;
     const double left = std::min(QsX(72.3), QsX(83.7) - picQS->TextWidth(rate) - 3 * size);
+    QsDrawPlate(left, QsX(83.7), top, height);
+    QsPrintAt(QsX(83.7), top, rate, TextSide::Right);
     QsFillHeart(left + size, top - height / 2, size, SmallHeart);
 }
 

@@ -38,10 +38,15 @@ float Held(double value, double least, double most) {
     return SnapToGrid(std::min(std::max(value, least), most));
 }
 
+// A panel keeps 40 pixels and the marks of its title bar inside at the left.
+float LeastLeft(const PanelPlace& panel) {
+    return Workspace.ModeBarWidth - (panel.Width + static_cast<float>(Margin));
+}
+
 void PlaceOutline(int index, double left, double top) {
     const PanelPlace& panel = PanelAt(index);
     DragOutline = panel;
-    DragOutline.Left = Held(left, Workspace.ModeBarWidth - (panel.Width + Margin), frmCanvas.Width - Margin);
+    DragOutline.Left = Held(left, LeastLeft(panel), frmCanvas.Width - Margin);
     DragOutline.Top =
         Held(top, Workspace.TopBarHeight + TopBarMargin, frmCanvas.Height - Workspace.TitleHeight);
     DragOutline.Visible = On;
@@ -208,10 +213,10 @@ void SavePanelRect(int index) {
         return;
     const PanelPlace& place = index == CanvasRow ? frmCanvas : PanelAt(index);
     auto& row = PanelRects[static_cast<std::size_t>(index)];
-    row[0] = Whole(place.Left);
-    row[1] = Whole(place.Top);
-    row[2] = Whole(place.Width);
-    row[3] = Whole(place.Height);
+    row[0] = static_cast<Long>(Round(place.Left));
+    row[1] = static_cast<Long>(Round(place.Top));
+    row[2] = static_cast<Long>(Round(place.Width));
+    row[3] = static_cast<Long>(Round(place.Height));
     row[6] = index == CanvasRow ? row[6] : place.Visible;
 }
 
@@ -226,6 +231,7 @@ void RestorePanelRect(int index) {
         const float height = Workspace.ScreenWidth * 9 / 16;
         frmScale =
             row[2] != 0 ? remembered : PanelPlace{width / 6, height / 6, width * 2 / 3, height * 2 / 3, On};
+        WindowToMove = true;
         return;
     }
     const Boolean shown = PanelAt(index).Visible;
@@ -241,27 +247,74 @@ void ClearPanelRects() {
     PanelRects = {};
 }
 
+void KeepPlaces() {
+    for (int i = 0; i < ModulePanelCount; ++i)
+        SavePanelRect(i);
+    SavePanelRect(CanvasRow);
+}
+
+void BackToPlaces() {
+    if (!LayoutMayChange() || PanelRects[CanvasRow][2] == 0)
+        return;
+    RestorePanelRect(CanvasRow);
+    LayoutLoaded = true; // the panels belong to the window of then
+    const std::array<int, ModulePanelCount> order = PanelOrder;
+    const int active = ActivePanel;
+    for (const int index : order) {
+        const auto row = static_cast<std::size_t>(index);
+        if (PanelRects[row][2] == 0)
+            continue;
+        PlaceBeforeEnlarging[row] = {};
+        RestorePanelRect(index);
+        PanelAt(index).Visible = PanelVisible[row] = ToBoolean(PanelRects[row][6] != 0);
+    }
+    ActivePanel = active >= 0 && PanelAt(active).Visible != Off ? active : -1;
+    KeepLayout();
+}
+
+void BackToPlace(int index) {
+    if (!IsPanel(index) || !LayoutMayChange())
+        return;
+    PlaceBeforeEnlarging[static_cast<std::size_t>(index)] = {};
+    RestorePanelRect(index);
+    KeepLayout();
+}
+
+void HoldPanelsInside() {
+    for (PanelPlace& panel : picModule) {
+        panel.Width = std::max(MinPanelWidth, std::min(panel.Width, frmCanvas.Width));
+        panel.Height = std::max(MinPanelHeight, std::min(panel.Height, frmCanvas.Height));
+        panel.Left =
+            std::min(std::max(panel.Left, LeastLeft(panel)), frmCanvas.Width - static_cast<float>(Margin));
+        panel.Top =
+            std::min(std::max(panel.Top, Workspace.TopBarHeight), frmCanvas.Height - Workspace.TitleHeight);
+    }
+}
+
 void EnlargePanel(int index) {
     if (!IsPanel(index) || !LayoutMayChange())
         return;
+    PanelPlace& panel = PanelAt(index);
+    PanelPlace& before = PlaceBeforeEnlarging[static_cast<std::size_t>(index)];
+    const Boolean shown = panel.Visible;
     if (PanelEnlarged(index)) {
-        RestorePanelRect(index);
-        PanelRects[static_cast<std::size_t>(index)] = {};
+        panel = before;
+        panel.Visible = shown;
+        before = {};
     } else {
-        SavePanelRect(index);
-        PanelPlace& panel = PanelAt(index);
+        before = panel;
         panel.Left = Workspace.Gap;
         panel.Top = Workspace.TopBarHeight + Workspace.Gap;
         panel.Width = frmCanvas.Width - 2 * Workspace.Gap;
         panel.Height = frmCanvas.Height - Workspace.TopBarHeight - Workspace.StatusHeight - 2 * Workspace.Gap;
-        OpenPanel(index);
-        BringPanelToFront(index);
     }
+    OpenPanel(index);
+    BringPanelToFront(index);
     KeepLayout();
 }
 
 bool PanelEnlarged(int index) {
-    return IsPanel(index) && PanelRects[static_cast<std::size_t>(index)][2] != 0;
+    return IsPanel(index) && PlaceBeforeEnlarging[static_cast<std::size_t>(index)].Width != 0;
 }
 
 } // namespace pulselark

@@ -48,10 +48,21 @@ void OpenPanel(int index);
 
 /// Panel 0 to 6, or 10 for the main window: its place goes to its row of `PanelRects`, or comes back from it.
 /// An empty row brings a panel to the middle at half the window's size, the window to two thirds of the
-/// screen.
+/// screen; the window is asked to go there by `WindowToMove`.
 void SavePanelRect(int index);
 void RestorePanelRect(int index);
 void ClearPanelRects();
+
+/// The window's buttons: where window and panels stand is remembered, all at once; and everything that is
+/// remembered comes back. While the layout is locked, or nothing is remembered, the second does nothing.
+void KeepPlaces();
+void BackToPlaces();
+/// The same for one panel; without a remembered place it comes to the middle.
+void BackToPlace(int index);
+
+/// Holds every panel to the sizes and limits of a drag and to the size of the window, so that none is lost
+/// whatever a file says or however small the window becomes.
+void HoldPanelsInside();
 
 /// Fills the work area with a panel, or brings it back to where it was.
 void EnlargePanel(int index);

@@ -5,6 +5,7 @@
 namespace pulselark {
 
 LanguageTexts LanguageTable;
+std::vector<std::string> ShippedTexts;
 Integer LanguageIndex = 0;
 
 namespace {
@@ -28,7 +29,11 @@ void LanguageTexts::Clear() {
 
 const std::string& LanguageText(int item) {
     const std::string& text = LanguageTable(LanguageIndex, item);
-    return text.empty() ? LanguageTable(0, item) : text;
+    if (!text.empty())
+        return text;
+    const std::string& english = LanguageTable(0, item);
+    const auto row = static_cast<std::size_t>(item);
+    return english.empty() && row < ShippedTexts.size() ? ShippedTexts[row] : english;
 }
 
 const char* LanguageName(int language) {

@@ -29,7 +29,11 @@ private:
 extern LanguageTexts LanguageTable;
 extern Integer LanguageIndex; ///< the language in use, 0 to 30; start 0
 
-/// Text `item` in the language in use, or in language 0 where that one is empty.
+/// Language 0 of the pack that ships, item for item; empty while that is the pack in use.
+extern std::vector<std::string> ShippedTexts;
+
+/// Text `item` in the language in use; where that one is empty in language 0, and where that is empty, too,
+/// as it ships.
 const std::string& LanguageText(int item);
 
 /// Name of a language as the settings list it; "not used" from language 17 on.

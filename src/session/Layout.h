@@ -7,8 +7,9 @@ namespace pulselark {
 /// is.
 void DefaultLayout();
 
-/// Fills `SceneRect` for the window's present place and size: the scenery takes its place in the training
-/// view, or else the room of the panels.
+/// Places the parts of the canvas window for its present size: its bar, its size grip and its buttons
+/// `picCtrl`. Fills `SceneRect`: the scenery takes its place in the training view, or else the room of the
+/// panels.
 void LayoutCanvas();
 
 } // namespace pulselark

@@ -9,9 +9,15 @@ std::array<PanelPlace, ModulePanelCount> picModule;
 PanelPlace frmCanvas;
 PanelPlace frmScale;
 std::array<Integer, PanelRows> PanelVisible, PanelStyle, PanelOnCanvas;
-std::array<std::array<Integer, 7>, PanelRows> PanelRects;
+std::array<std::array<Long, 7>, PanelRows> PanelRects;
 std::array<PreviewPlace, PanelRows> ConfigPreview;
 WorkspaceMetrics Workspace;
+PanelPlace picCanvasTop;
+PanelPlace picCanvasGrip;
+std::array<PanelPlace, ControlButtonCount> picCtrl;
+bool LayoutLoaded = false;
+bool WindowToMove = false;
+std::array<PanelPlace, ModulePanelCount> PlaceBeforeEnlarging;
 PanelPlace DragOutline;
 PanelPlace picGamePlace;
 std::array<int, ModulePanelCount> PanelOrder{0, 1, 2, 3, 4, 5, 6};
@@ -39,12 +45,15 @@ void ResetModulePanels() {
     picModule = BuiltIn;
     frmCanvas = {0, 0, 15360, 11070, On};
     frmScale = {};
+    PanelVisible = PanelStyle = PanelOnCanvas = {};
     for (std::size_t i = 0; i < BuiltIn.size(); ++i) {
         const bool shown = BuiltIn[i].Visible != Off;
         PanelVisible[i] = ToBoolean(shown);
         PanelStyle[i] = PanelOnCanvas[i] = shown ? 1 : 0;
     }
     PanelRects = {};
+    PlaceBeforeEnlarging = {};
+    LayoutLoaded = WindowToMove = false;
     DragOutline = {};
     picGamePlace = {};
     PanelOrder = {0, 1, 2, 3, 4, 5, 6};

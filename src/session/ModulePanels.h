@@ -30,8 +30,8 @@ extern PanelPlace frmScale;  ///< the overlay that carries the outline of a drag
 extern std::array<Integer, PanelRows> PanelVisible, PanelStyle, PanelOnCanvas;
 
 /// Remembered rectangles: left, top, width, height, and in column 6 the visibility; a width of 0 marks an
-/// empty row.
-extern std::array<std::array<Integer, 7>, PanelRows> PanelRects;
+/// empty row. Screens are wider than 16 bits of twips.
+extern std::array<std::array<Long, 7>, PanelRows> PanelRects;
 
 /// A configuration as the view menu's small picture shows it; rows 0 to 6 and 10 are filled.
 struct PreviewPlace {
@@ -59,11 +59,34 @@ struct WorkspaceMetrics {
     float TitleHeight = 28 * 15;  ///< of a panel's picTopBar
     float ModeBarWidth = 72 * 15; ///< of a panel's picCMAll, the marks at the right of its title bar
     float ScreenWidth = 1920 * 15;
-    float WindowLeft = 0; ///< the window's place on the screen
-    float WindowTop = 0;
     float Gap = 12 * 15; ///< between panels of the built-in layout, and around them
 };
 extern WorkspaceMetrics Workspace;
+
+/// Parts of the canvas window, in twips within it: the bar at its top, the grip in its corner, and its own
+/// buttons at the right end of the bar.
+enum ControlButton : int {
+    ControlKeepPlaces, ///< remembers where window and panels stand
+    ControlBackToPlaces,
+    ControlMinimise,
+    ControlMaximise, ///< or back to the former size
+    ControlClose,
+};
+inline constexpr std::size_t ControlButtonCount = 5;
+inline constexpr float ControlButtonSize = 24 * 15; ///< at most; a lower bar has lower buttons
+extern PanelPlace picCanvasTop;
+extern PanelPlace picCanvasGrip;
+extern std::array<PanelPlace, ControlButtonCount> picCtrl; ///< in the order above
+
+/// The panels have been placed anew, for a window of the size of `frmScale` unless it is the built-in layout;
+/// whoever knows the window's bars fits them in and clears this.
+extern bool LayoutLoaded;
+
+/// The window is to take the place of `frmScale`; the window clears this.
+extern bool WindowToMove;
+
+/// Where a panel that fills the work area stood before; a width of 0 for one that does not.
+extern std::array<PanelPlace, ModulePanelCount> PlaceBeforeEnlarging;
 
 /// The outline of a panel that is being moved or sized, at its new place; `Visible` while a drag goes on.
 extern PanelPlace DragOutline;

@@ -86,8 +86,8 @@ void ResetReportDocument() {
 void CollectReportFields() {
     for (std::size_t i = 0; i < tbSD.size(); ++i)
         SessionInfo[i] = tbSD[i].Text;
-    SessionInfo[SymbolField] = imMF[0].Visible ? "1" : "0";
-    SessionInfo[LockField] = ReportLocked != Off ? "1" : "0";
+    SessionInfo[SymbolField] = imMF[0].Visible ? '1' : '0';
+    SessionInfo[LockField] = ReportLocked != Off ? '1' : '0';
 }
 
 void ShowReportFields() {
@@ -102,11 +102,11 @@ void ClearReportFields() {
     for (TextBox& box : tbSD)
         box.Text.clear();
     SetLock(false);
-    SessionInfo[LockField] = "0";
+    SessionInfo[LockField] = '0';
     Spend(labClrDoc);
     Spend(labCopyDoc);
     ShowSymbol(0);
-    SessionInfo[SymbolField] = "1";
+    SessionInfo[SymbolField] = '1';
     ReportEmpty = On;
     ReportPasted = ReportFromFile = Off;
 }
@@ -176,7 +176,7 @@ void PasteReport() {
         return;
     std::copy_n(SessionInfoClipboard.begin(), ReportFieldCount, SessionInfo.begin());
     // The symbol is not on the clipboard: the document keeps its own.
-    SessionInfo[SymbolField] = imMF[0].Visible ? "1" : "0";
+    SessionInfo[SymbolField] = imMF[0].Visible ? '1' : '0';
     ShowReportFields();
     MarkChanged(); // the boxes have new texts, whoever wrote them
     Spend(labPasteDoc);

@@ -103,6 +103,13 @@ enum TextNumber : int {
     TextMenuPriorityNormal = 97,
     TextMenuPriorityHigh = 98,
 
+    // Background picture: the view menu's entries, and why a picture was not taken.
+    TextMenuBackgroundPicture = 105,
+    TextMenuOwnBackground = 106,
+    TextFileTypePicture = 107,
+    TextBackgroundFailed = 108, // a number follows
+    TextBackgroundStays = 109,
+
     // Help menu and the about box.
     TextMenuHelp = 111,
     TextMenuUserGuide = 112,
@@ -296,6 +303,10 @@ enum TextNumber : int {
     TextFailureFileAccess = 291,
     TextFailurePathNotFound = 292,
 
+    // What is in force after a file could not be read.
+    TextBuiltInSettings = 298,
+    TextBuiltInLayout = 299,
+
     // Session document: the labels of its fields; field i is TextFieldTitle + i.
     TextFieldTitle = 301,
     TextFieldPerson = 302,
@@ -436,6 +447,47 @@ enum TextNumber : int {
     TextMonitorPortFailure = 438,
     TextMonitorVersion = 439,
     TextMonitorPortCode = 440,
+    TextMonitorConnecting = 441,
+    TextMonitorLost = 442,
+    TextMonitorNoFile = 443,
+    TextMonitorFileUnreadable = 444,
+    TextMonitorFileAtEnd = 445,
+    TextMonitorPortClosed = 446,
+    TextMonitorNotAnEcg = 447,
+    TextMonitorNoLibrary = 448,
+    TextMonitorLibraryTooSmall = 449,
+    TextMonitorDriverRefused = 409,
+    TextMonitorNoBluetooth = 427,
+    TextMonitorStrapSought = 428,
+    TextMonitorStrapWithoutEcg = 429,
+
+    // What the monitors of the chooser are and need, and their options.
+    TextMonitorSimulated = 255,
+    TextMonitorSerial = 256,
+    TextMonitorStrap = 257,
+    TextMonitorReplay = 258,
+    TextMonitorsWithoutDriver = 259,
+    TextMonitorsWithDriver = 260,
+    TextMonitorOptionsNotKept = 261, // a number follows
+    TextOptionSeed = 264,
+    TextOptionDepth = 265,
+    TextOptionEctopic = 268,
+    TextOptionNoise = 269,
+    TextOptionDisturbances = 271,
+    TextOptionChannels = 276,
+    TextOptionPort = 277,
+    TextOptionSpeed = 278,
+    TextOptionProtocol = 279,
+    TextOptionSampleRate = 293,
+    TextOptionGain = 294,
+    TextOptionStrap = 295,
+    TextOptionFile = 296,
+    TextOptionChoose = 297,
+    TextOptionFirstFound = 325,
+    TextOptionLines = 326,
+    TextOptionCyton = 327,
+    TextOptionFirstChannel = 328,
+    TextOptionsCountLater = 329,
 
     // Language editor; an item's number follows TextEditorItem.
     TextLanguageEditor = 450,
@@ -452,6 +504,15 @@ enum TextNumber : int {
     TextEditorApplyEdition = 461,
     TextEditorSave = 462,
     TextEditorGo = 463,
+
+    // What the window's own buttons and the title bars' menu do.
+    TextKeepPlaces = 493,
+    TextBackToPlaces = 494,
+    TextKeepPlace = 495,
+    TextBackToPlace = 496,
+    TextMinimise = 497,
+    TextMaximise = 498,
+    TextFormerSize = 499,
 
     // Why another program could not be started.
     TextLaunchOutOfMemory = 470,

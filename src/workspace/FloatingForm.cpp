@@ -1,6 +1,7 @@
 #include "workspace/FloatingForm.h"
 
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 #include "workspace/Shadow.h"
 
 #include <QBitmap>
@@ -74,6 +75,7 @@ void FloatingForm::showEvent(QShowEvent* event) {
     placed_ = true;
     if (const QWidget* owner = parentWidget(); owner != nullptr && owner->isVisible())
         move(owner->window()->frameGeometry().center() - rect().center());
+    FadeIn(*this, DialogTime, DialogRise);
 }
 
 // The desktop moves the window; where it has nobody who does, the window follows the mouse by itself.

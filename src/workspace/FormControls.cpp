@@ -3,6 +3,7 @@
 #include "workspace/FormPaint.h"
 #include "workspace/Icons.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -55,7 +56,8 @@ void PaintSign(QPainter& painter, ActionButton::Sign sign, const QRectF& square)
 
 // ---- Toggle ----
 
-ToggleRow::ToggleRow(const QString& name, Box box, QWidget* parent) : QAbstractButton(parent), box_(box) {
+ToggleRow::ToggleRow(const QString& name, Box box, QWidget* parent)
+    : QAbstractButton(parent), box_(box), hover_(new HoverLight(this)) {
     setObjectName(name);
     setCheckable(true);
     setFont(TextFont(13));
@@ -84,24 +86,14 @@ void ToggleRow::keyPressEvent(QKeyEvent* event) {
         event->ignore();
 }
 
-void ToggleRow::enterEvent(QEnterEvent* /*event*/) {
-    update();
-}
-
-void ToggleRow::leaveEvent(QEvent* /*event*/) {
-    update();
-}
-
 void ToggleRow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     BeginControl(painter, *this);
     const bool plate = isEnabled() && (underMouse() || isDown());
-    if (plate) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(TogglePlate);
-        painter.drawRoundedRect(rect(), 6, 6);
-    }
-    const QColor ink = plate ? ToggleTextOnPlate : ToggleText;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isDown() ? TogglePlate : hover_->On(TogglePlate));
+    painter.drawRoundedRect(rect(), 6, 6);
+    const QColor ink = isDown() ? ToggleTextOnPlate : hover_->Between(ToggleText, ToggleTextOnPlate);
     const QRectF box(Padding, (height() - BoxSize) / 2.0, BoxSize, BoxSize);
     const QRectF edge = box.adjusted(0.75, 0.75, -0.75, -0.75);
     const double radius = box_ == Box::Round ? edge.width() / 2 : 4;
@@ -124,7 +116,7 @@ void ToggleRow::paintEvent(QPaintEvent* /*event*/) {
 // ---- Action ----
 
 ActionButton::ActionButton(const QString& name, Sign sign, QWidget* parent)
-    : QAbstractButton(parent), sign_(sign) {
+    : QAbstractButton(parent), sign_(sign), hover_(new HoverLight(this)) {
     setObjectName(name);
     setFont(TextFont(13, 500));
     setFocusPolicy(Qt::StrongFocus);
@@ -153,20 +145,11 @@ QSize ActionButton::sizeHint() const {
     return {std::max(width, LeastWidth), ActionHeight};
 }
 
-void ActionButton::enterEvent(QEnterEvent* /*event*/) {
-    update();
-}
-
-void ActionButton::leaveEvent(QEvent* /*event*/) {
-    update();
-}
-
 void ActionButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     BeginControl(painter, *this);
-    const bool over = isEnabled() && underMouse();
     painter.setPen(bare_ ? QPen(Qt::NoPen) : QPen(danger_ ? FormColour::Danger : FormColour::Edge, 1));
-    painter.setBrush(isDown() ? PressedPlate : over ? HoverPlate : FormColour::Card);
+    painter.setBrush(isDown() ? PressedPlate : hover_->Between(FormColour::Card, HoverPlate));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
     if (bare_) {
         PaintSign(painter, sign_, QRectF((width() - 16) / 2.0, (height() - 16) / 2.0, 16, 16));

@@ -10,6 +10,8 @@
 /// report what the user does; none turns itself over.
 namespace pulselark {
 
+class HoverLight;
+
 /// A row with a box and a text; under the pointer it turns into a dark plate.
 class ToggleRow final : public QAbstractButton {
     Q_OBJECT
@@ -29,12 +31,11 @@ public:
 protected:
     void nextCheckState() override {}
     void keyPressEvent(QKeyEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     Box box_;
+    HoverLight* hover_;
 };
 
 /// A plain button. With a sign its text stands left and the sign right.
@@ -53,12 +54,11 @@ public:
     QSize sizeHint() const override;
 
 protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     Sign sign_;
+    HoverLight* hover_;
     bool bare_ = false;
     bool danger_ = false;
 };

@@ -71,6 +71,21 @@ void PaintMark(QPainter& painter, Icon icon) {
         painter.drawRect(QRectF(2.5, 5.5, 8, 8));
         painter.drawPolyline(Points({{5.5, 5.5}, {5.5, 2.5}, {13.5, 2.5}, {13.5, 10.5}, {10.5, 10.5}}));
         break;
+    case Icon::Minimise:
+        painter.drawLine(QPointF(3, 12.5), QPointF(13, 12.5));
+        break;
+    case Icon::KeepPlaces: // panels, and an arrow into them
+        painter.drawPolyline(
+            Points({{5, 6.5}, {2.5, 6.5}, {2.5, 13.5}, {13.5, 13.5}, {13.5, 6.5}, {11, 6.5}}));
+        painter.drawLine(QPointF(8, 2), QPointF(8, 9.5));
+        painter.drawPolyline(Points({{5.5, 7.2}, {8, 9.7}, {10.5, 7.2}}));
+        break;
+    case Icon::BackToPlaces: // panels, and an arrow round to them
+        painter.drawPolyline(
+            Points({{5, 6.5}, {2.5, 6.5}, {2.5, 13.5}, {13.5, 13.5}, {13.5, 6.5}, {11, 6.5}}));
+        painter.drawLine(QPointF(8, 2.3), QPointF(8, 9.7));
+        painter.drawPolyline(Points({{5.5, 4.8}, {8, 2.3}, {10.5, 4.8}}));
+        break;
     case Icon::Close:
         painter.drawLine(QPointF(3.5, 3.5), QPointF(12.5, 12.5));
         painter.drawLine(QPointF(12.5, 3.5), QPointF(3.5, 12.5));

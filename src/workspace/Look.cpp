@@ -39,7 +39,11 @@ constexpr Density Compact{32, 20, 20, 24, 12, 8};
 } // namespace
 
 const SchemeLook& CurrentLook() {
-    return Looks()[static_cast<std::size_t>(ColourSchemeIndex)];
+    return LookOf(ColourSchemeIndex);
+}
+
+const SchemeLook& LookOf(int scheme) {
+    return Looks()[static_cast<std::size_t>(scheme)];
 }
 
 QFont TextFont(int pixels, int weight) {

@@ -25,8 +25,9 @@ struct SchemeLook {
     QColor Focus; ///< focus ring
 };
 
-/// Look of the scheme in use.
+/// Look of the scheme in use, or of scheme 0 to 4.
 const SchemeLook& CurrentLook();
+const SchemeLook& LookOf(int scheme);
 
 /// Colours of forms and dialogs, the same in all schemes.
 namespace FormColour {

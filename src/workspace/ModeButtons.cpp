@@ -6,6 +6,7 @@
 #include "session/MainBuffers.h"
 #include "session/Replay.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 #include "workspace/Texts.h"
 
 #include <QFocusEvent>
@@ -47,7 +48,7 @@ bool LightModule() {
 } // namespace
 
 ModeButton::ModeButton(int index, Icon icon, QWidget* parent)
-    : QAbstractButton(parent), index_(index), icon_(icon) {
+    : QAbstractButton(parent), index_(index), icon_(icon), hover_(new HoverLight(this)) {
     setObjectName(QString("imBFC%1").arg(index));
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::PointingHandCursor);
@@ -100,8 +101,8 @@ ModeButton::Inks ModeButton::CurrentInks() const {
     const bool light = LightModule();
     if (isDown())
         plate = light ? plate.darker(112) : plate.lighter(135);
-    else if (underMouse())
-        plate = light ? plate.lighter(104) : plate.lighter(120);
+    else
+        plate = hover_->Between(plate, plate.lighter(light ? 104 : 120));
     QColor disc = look.TitleText;
     disc.setAlphaF(0.14F);
     return {plate, chosen_ ? look.BorderActive : look.Border, look.TitleText, look.TitleText, disc};

@@ -8,6 +8,8 @@
 
 namespace pulselark {
 
+class HoverLight;
+
 /// A button of the row `imBFC`: a feedback mode with its icon, name, hint and digit, or a square with an icon
 /// and a word. The one that runs is white.
 class ModeButton final : public QAbstractButton {
@@ -50,6 +52,7 @@ private:
 
     int index_;
     Icon icon_;
+    HoverLight* hover_;
     QString hint_;
     bool running_ = false;
     bool chosen_ = false;

@@ -4,14 +4,17 @@
 #include "platform/qt/QtColour.h"
 #include "session/Controls.h"
 #include "session/LanguageTable.h"
+#include "session/Layout.h"
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/Settings.h"
 #include "workspace/DefaultPlaces.h"
+#include "workspace/Look.h"
 #include "workspace/ModuleFrame.h"
 #include "workspace/Shadow.h"
 #include "workspace/Texts.h"
 
+#include <QMenu>
 #include <QPainter>
 
 #include <cmath>
@@ -55,6 +58,13 @@ void FitBuiltInLayout(const QRect& area, int gap) {
     const auto places = DefaultPlaces(area, gap);
     for (std::size_t i = 0; i < picModule.size(); ++i)
         PutAt(picModule[i], i < places.size() ? QRectF(places[i]) : Scaled(picModule[i], design, area));
+}
+
+// What the bars leave of a window, less the gap around the panels.
+QRect WorkArea(const QSize& window) {
+    const Density& density = DensityFor(window.width(), window.height());
+    return QRect(0, density.TopBar, window.width(), window.height() - density.TopBar - density.StatusLine)
+        .adjusted(density.Gap, density.Gap, -density.Gap, -density.Gap);
 }
 
 bool BuiltInPlaces() {
@@ -117,6 +127,10 @@ void ModuleDesk::ConnectFrame(int index) {
     connect(title, &TitleBar::EnlargeClicked, this, [this, index] { run_([=] { EnlargePanel(index); }); });
     connect(title, &TitleBar::CloseClicked, this, [this, index] { run_([=] { ShowPanel(index, false); }); });
 
+    title->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(title, &QWidget::customContextMenuRequested, this,
+            [this, title, index](const QPoint& at) { ShowPlaceMenu(index, title->mapToGlobal(at)); });
+
     constexpr std::array<void (*)(int, int, double, double), 3> Routines{&SizePanelRight, &SizePanelBottom,
                                                                          &SizePanelCorner};
     const auto& sizers = frames_[static_cast<std::size_t>(index)]->Sizers();
@@ -133,34 +147,69 @@ void ModuleDesk::ConnectFrame(int index) {
     }
 }
 
-void ModuleDesk::MeasureWindow(const QSize& window, int topBar, int statusLine, int titleBar, int gap) {
-    const QRect area = QRect(0, topBar, window.width(), window.height() - topBar - statusLine)
-                           .adjusted(gap, gap, -gap, -gap);
-    Workspace.TopBarHeight = static_cast<float>(topBar) * Twips;
-    Workspace.StatusHeight = static_cast<float>(statusLine) * Twips;
-    Workspace.TitleHeight = static_cast<float>(titleBar) * Twips;
+// What the window's buttons do for all panels, for one of them.
+void ModuleDesk::ShowPlaceMenu(int index, const QPoint& at) {
+    auto* menu = new QMenu(window_);
+    menu->setObjectName("picPlaceMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* keep = menu->addAction(Text(TextKeepPlace));
+    QAction* back = menu->addAction(Text(TextBackToPlace));
+    back->setEnabled(LayoutMayChange());
+    connect(keep, &QAction::triggered, this, [this, index] { run_([=] { SavePanelRect(index); }); });
+    connect(back, &QAction::triggered, this, [this, index] { run_([=] { BackToPlace(index); }); });
+    menu->popup(at);
+}
+
+void ModuleDesk::MeasureWindow(const QRect& window) {
+    const Density& density = DensityFor(window.width(), window.height());
+    const QRect area = WorkArea(window.size());
+    Workspace.TopBarHeight = static_cast<float>(density.TopBar) * Twips;
+    Workspace.StatusHeight = static_cast<float>(density.StatusLine) * Twips;
+    Workspace.TitleHeight = static_cast<float>(density.TitleBar) * Twips;
     Workspace.ModeBarWidth = TitleBar::MarksWidth * Twips;
-    Workspace.Gap = static_cast<float>(gap) * Twips;
-    const QPoint place = window_->mapToGlobal(QPoint());
-    Workspace.WindowLeft = static_cast<float>(place.x()) * Twips;
-    Workspace.WindowTop = static_cast<float>(place.y()) * Twips;
-    frmCanvas.Width = static_cast<float>(window.width()) * Twips;
-    frmCanvas.Height = static_cast<float>(window.height()) * Twips;
-    titleHeight_ = titleBar;
+    Workspace.Gap = static_cast<float>(density.Gap) * Twips;
+    const Boolean shown = frmCanvas.Visible;
+    PutAt(frmCanvas, window);
+    frmCanvas.Visible = shown;
+    LayoutCanvas();
+    titleHeight_ = density.TitleBar;
+    FitLoadedLayout();
     if (AutoScaleAll != Off && area.width() > 0 && area.height() > 0) {
         // As long as nobody has moved a panel, the built-in layout is fitted anew.
         if (BuiltInPlaces() || picModule == fitted_) {
-            FitBuiltInLayout(area, gap);
+            FitBuiltInLayout(area, density.Gap);
             fitted_ = picModule;
         } else if (!workArea_.isEmpty() && workArea_ != area) {
             for (PanelPlace& panel : picModule)
                 PutAt(panel, Scaled(panel, workArea_, area));
         }
     }
+    if (workArea_ != area)
+        HoldPanelsInside();
     workArea_ = area;
 }
 
+void ModuleDesk::FitLoadedLayout() {
+    if (!std::exchange(LayoutLoaded, false))
+        return;
+    const QSize madeFor(Pixels(frmScale.Width), Pixels(frmScale.Height));
+    const QRect from = WorkArea(madeFor);
+    const QRect to = WorkArea({Pixels(frmCanvas.Width), Pixels(frmCanvas.Height)});
+    // A window that nobody can have had says nothing about the panels' proportions.
+    const bool credible = from.width() >= 200 && from.height() >= 200;
+    if (AutoScaleAll != Off && BuiltInPlaces()) {
+        FitBuiltInLayout(to, Pixels(Workspace.Gap));
+        fitted_ = picModule;
+    } else if (AutoScaleAll != Off && credible && from != to) {
+        for (PanelPlace& panel : picModule)
+            PutAt(panel, Scaled(panel, from, to));
+    }
+    HoldPanelsInside();
+    workArea_ = to;
+}
+
 bool ModuleDesk::LayOut() {
+    FitLoadedLayout();
     bool changed = channelBLaidOut_ != ChannelBPresent;
     channelBLaidOut_ = ChannelBPresent;
     for (std::size_t i = 0; i < frames_.size(); ++i) {

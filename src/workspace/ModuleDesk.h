@@ -28,9 +28,9 @@ public:
 
     ModuleFrame* Frame(std::size_t index) const { return frames_[index]; }
 
-    /// Tells the core the sizes of the window and of its bars. With `AutoScaleAll` the panels keep their
-    /// proportions of the work area.
-    void MeasureWindow(const QSize& window, int topBar, int statusLine, int titleBar, int gap);
+    /// Tells the core the sizes of the window and of its bars, and where the window stands. With
+    /// `AutoScaleAll` the panels keep their proportions of the work area.
+    void MeasureWindow(const QRect& window);
     /// Brings the frames to their places. Returns whether any place has changed.
     bool LayOut();
     void Retranslate();
@@ -38,6 +38,9 @@ public:
 
 private:
     void ConnectFrame(int index);
+    void ShowPlaceMenu(int index, const QPoint& at);
+    /// Panels that a configuration has placed: proportions as they were in its window, none of them lost.
+    void FitLoadedLayout();
 
     QWidget* window_;
     std::function<void(const std::function<void()>&)> run_;

@@ -4,6 +4,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 #include "workspace/Texts.h"
 
 #include <QKeyEvent>
@@ -71,6 +72,8 @@ void PlayerView::Mirror() {
         Place();
     if (open == isVisible())
         return;
+    if (open)
+        FadeIn(*this, MenuTime);
     setVisible(open);
     chosen_ = -1;
     if (!open) {

@@ -3,7 +3,9 @@
 #include "workspace/FocusRing.h"
 #include "workspace/Icons.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 
+#include <QEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
@@ -135,6 +137,7 @@ void ProgramStyle::polish(QWidget* widget) {
     if (auto* menu = qobject_cast<QMenu*>(widget)) {
         menu->setAttribute(Qt::WA_TranslucentBackground); // for the round corners
         menu->setFont(TextFont(13));
+        menu->installEventFilter(this);
     }
     if (widget->inherits("QTipLabel")) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
@@ -144,6 +147,18 @@ void ProgramStyle::polish(QWidget* widget) {
             palette.setColor(role, TipText);
         widget->setPalette(palette);
     }
+}
+
+void ProgramStyle::unpolish(QWidget* widget) {
+    if (qobject_cast<QMenu*>(widget) != nullptr)
+        widget->removeEventFilter(this);
+    QProxyStyle::unpolish(widget);
+}
+
+bool ProgramStyle::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show)
+        FadeIn(static_cast<QWidget&>(*watched), MenuTime);
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 QPalette ProgramStyle::standardPalette() const {

@@ -14,7 +14,9 @@ public:
     ProgramStyle();
 
     using QProxyStyle::polish;
+    using QProxyStyle::unpolish;
     void polish(QWidget* widget) override;
+    void unpolish(QWidget* widget) override;
     QPalette standardPalette() const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -25,6 +27,9 @@ public:
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override; ///< menus come up by degrees
 };
 
 /// The property of a menu bar that holds the height of its plates in pixels.

@@ -2,6 +2,7 @@
 
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 
 #include <QPainter>
 
@@ -19,7 +20,8 @@ constexpr int PlateRadius = 6;
 
 } // namespace
 
-QsEntry::QsEntry(int index, Icon icon, QWidget* parent) : QAbstractButton(parent), icon_(icon) {
+QsEntry::QsEntry(int index, Icon icon, QWidget* parent)
+    : QAbstractButton(parent), icon_(icon), hover_(new HoverLight(this)) {
     setObjectName(QString("labQSMenu%1").arg(index));
     setFont(TextFont(13));
     setFocusPolicy(Qt::TabFocus);
@@ -71,9 +73,9 @@ void QsEntry::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool lifted = isEnabled() && (underMouse() || isDown());
-    if (lifted) {
+    if (lifted || hover_->Level() > 0) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(isDown() ? look.RaisedPressed : look.RaisedHover);
+        painter.setBrush(isDown() ? look.RaisedPressed : hover_->On(look.RaisedHover));
         painter.drawRoundedRect(rect(), PlateRadius, PlateRadius);
     }
     const QColor ink = lifted && ink_.isValid() ? ink_ : look.BarText;

@@ -8,6 +8,8 @@
 
 namespace pulselark {
 
+class HoverLight;
+
 /// An entry `labQSMenu` of the top bar: an icon and its words, on a plate under the pointer.
 class QsEntry final : public QAbstractButton {
     Q_OBJECT
@@ -35,6 +37,7 @@ protected:
 
 private:
     Icon icon_;
+    HoverLight* hover_;
     bool words_ = true;
     QColor ink_;
 };

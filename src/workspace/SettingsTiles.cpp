@@ -60,13 +60,12 @@ void PaintHistoryTile(QPainter& painter, int tile) {
 
 void PaintSchemeTile(QPainter& painter, int scheme) {
     constexpr double TitleHeight = 11;
-    const ColourScheme& colours = ColourSchemes[static_cast<std::size_t>(scheme)];
     const Image& well = picModBGSrc(scheme);
     const Image& ramp = picWGradient(scheme);
     painter.save();
     ClipToTile(painter, SchemeTile);
     painter.fillRect(QRectF(QPointF(0, 0), SchemeTile), ToQColor(well.PixelAt(0, well.Height / 2)));
-    painter.fillRect(QRectF(0, 0, SchemeTile.width(), TitleHeight), ToQColor(colours.ModuleBack));
+    painter.fillRect(QRectF(0, 0, SchemeTile.width(), TitleHeight), LookOf(scheme).TitleBar);
     const QRectF bar(6, 20, SchemeTile.width() - 12, 12);
     QLinearGradient gradient(bar.topLeft(), bar.topRight());
     constexpr int Steps = 10;

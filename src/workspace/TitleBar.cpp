@@ -4,6 +4,7 @@
 #include "platform/qt/QtColour.h"
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 #include "workspace/Texts.h"
 
 #include <QMouseEvent>
@@ -24,11 +25,11 @@ int ButtonOf(const QMouseEvent* event) {
 
 } // namespace
 
-TitleMark::TitleMark(const QString& name, Icon icon, QWidget* parent) : QAbstractButton(parent), icon_(icon) {
+TitleMark::TitleMark(const QString& name, Icon icon, QWidget* parent)
+    : QAbstractButton(parent), icon_(icon), hover_(new HoverLight(this)) {
     setObjectName(name);
     setFocusPolicy(Qt::TabFocus);
     setCursor(Qt::ArrowCursor);
-    setAttribute(Qt::WA_Hover);
     FocusRing::Of(window()).Watch(this, 4, Ground::Module);
 }
 
@@ -43,17 +44,19 @@ void TitleMark::paintEvent(QPaintEvent* /*event*/) {
     const SchemeLook& look = CurrentLook();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const bool lifted = underMouse() || hasFocus();
-    if (lifted) {
+    const double light = hasFocus() ? 1 : hover_->Level();
+    if (light > 0) {
         QColor plate = look.TitleText;
-        plate.setAlphaF(isDown() ? 0.20F : 0.12F);
+        plate.setAlphaF(static_cast<float>((isDown() ? 0.20 : 0.12) * light));
+        QColor edge = ToQColor(CurrentScheme().ButtonFace);
+        edge.setAlphaF(static_cast<float>(light));
         painter.setBrush(plate);
-        painter.setPen(ToQColor(CurrentScheme().ButtonFace));
+        painter.setPen(edge);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     }
     const double side = std::min(14, height() - 6);
     PaintIcon(painter, icon_, QRectF((width() - side) / 2, (height() - side) / 2, side, side),
-              lifted ? look.TitleText : look.TitleGlyph);
+              hasFocus() ? look.TitleText : hover_->Between(look.TitleGlyph, look.TitleText));
 }
 
 TitleBar::TitleBar(int index, Icon icon, QWidget* parent)

@@ -7,6 +7,8 @@
 
 namespace pulselark {
 
+class HoverLight;
+
 /// One mark of a title bar: a cell of 24 pixels with an icon.
 class TitleMark final : public QAbstractButton {
     Q_OBJECT
@@ -21,6 +23,7 @@ protected:
 
 private:
     Icon icon_;
+    HoverLight* hover_;
 };
 
 /// The title bar `picTopBar` of a module panel: icon, title, and the marks `picCMAll` at the right. The mouse

@@ -158,8 +158,8 @@ void TopBar::LayOut() {
         QEvent changed(QEvent::StyleChange); // the bar measures its words anew
         QCoreApplication::sendEvent(menus_, &changed);
     }
-    for (const bool tight : {false, true}) {
-        tight_ = tight;
+    for (const Room room : {Room::Ample, Room::Tight, Room::Scarce}) {
+        room_ = room;
         LayOutLeft(density);
         LayOutRight();
         if (ClockFits())
@@ -173,7 +173,8 @@ bool TopBar::ClockFits() const {
 
 void TopBar::LayOutLeft(const Density& density) {
     const int middle = height() / 2;
-    const int name = tight_ ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
+    const int name =
+        room_ != Room::Ample ? 0 : QFontMetrics(TextFont(15, 500)).horizontalAdvance(ProgramTitle) + 16;
     int x = NameLeft + name - MenuRim;
     const QSize menuSize = menus_->sizeHint();
     menus_->setGeometry(x, middle - menuSize.height() / 2, menuSize.width(), menuSize.height());
@@ -280,13 +281,17 @@ void TopBar::PaintClock(QPainter& painter) const {
 }
 
 QString TopBar::ValueOf(const Chip& chip) const {
-    return tight_ && chip.Light != Icon::LightLost ? chip.Value.section(' ', 0, 0) : chip.Value;
+    if (room_ == Room::Scarce)
+        return {};
+    return room_ == Room::Tight && chip.Light != Icon::LightLost ? chip.Value.section(' ', 0, 0) : chip.Value;
 }
 
 // As wide as its words, but not narrower for two digits than for three, so that it stands still.
 int TopBar::ChipWidth(const Chip& chip) const {
+    if (room_ == Room::Scarce)
+        return ChipTextLeft + 4;
     const QFontMetrics metrics(TextFont(12));
-    const QString widest = tight_ ? QString("000") : "000 " + Text(TextBpm);
+    const QString widest = room_ == Room::Tight ? QString("000") : "000 " + Text(TextBpm);
     return ChipTextLeft + 14 +
            std::max(metrics.horizontalAdvance(ValueOf(chip)), metrics.horizontalAdvance(widest));
 }
@@ -343,7 +348,7 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
     PaintIcon(painter, Icon::Mark, mark.adjusted(4, 4, -4, -4), Qt::white);
     painter.setPen(look.BarText);
     painter.setFont(TextFont(15, 500));
-    if (!tight_)
+    if (room_ == Room::Ample)
         painter.drawText(QRectF(NameLeft, 0, 200, height()), Qt::AlignLeft | Qt::AlignVCenter, ProgramTitle);
     PaintDivider(painter, dividerLeft_, height());
     if (ClockFits())

@@ -73,7 +73,9 @@ private:
     TransportButton* replay_;
     TransportButton* stop_;
     std::array<QsEntry*, 2> qsEntries_;
-    bool tight_ = false; // no room for the program's name and the units
+    // Tight: no room for the program's name and the units. Scarce: nor for the rates beside the lights.
+    enum class Room { Ample, Tight, Scarce };
+    Room room_ = Room::Ample;
     int clockLeft_ = 0;
     int dividerLeft_ = 0;
     int chipsLeft_ = 0;     // also the end of the room for the entries

@@ -1,5 +1,9 @@
 #include "workspace/WindowPlatform.h"
 
+#include "persistence/ConfigFolder.h"
+#include "persistence/LiveRecordFile.h"
+#include "platform/monitors/StandardMonitors.h"
+#include "session/MonitorChoice.h"
 #include "workspace/Texts.h"
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
@@ -8,12 +12,15 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <array>
+
 namespace pulselark {
 
 namespace {
 
 // "Name of the type (*.ext)|*.ext" is the form of the core; the toolkit's filter is its first half.
-QString FilterOf(const std::string& filter) {
+QString PlainFilterOf(const std::string& filter) {
     return QString::fromStdString(filter).section('|', 0, 0);
 }
 
@@ -27,20 +34,58 @@ QString ExtensionOf(const std::string& filter) {
     return QString::fromStdString(filter).section("*.", -1);
 }
 
+// What the dialogs say of a kind of file.
+struct FileKind {
+    const char* Extension; // the last one of the filter
+    int OpenTitle;
+    int SaveTitle;
+    int Type; // 0: as the core has it
+};
+constexpr std::array<FileKind, 3> FileKinds{
+    {{"hti", TextDialogOpenSession, TextDialogSaveSession, TextFileTypeSession},
+     {"plx", TextDialogSaveScan, TextDialogSaveScan, TextFileTypeScan},
+     {"htc", TextDialogLoadConfig, TextDialogSaveConfig, TextFileTypeConfig}}};
+constexpr FileKind Picture{"", TextMenuBackgroundPicture, TextMenuSnapshot, 0};
+
+const FileKind& KindOf(const std::string& filter) {
+    const QString extension = ExtensionOf(filter);
+    const auto* kind = std::find_if(FileKinds.begin(), FileKinds.end(),
+                                    [&](const FileKind& each) { return extension == each.Extension; });
+    return kind != FileKinds.end() ? *kind : Picture;
+}
+
+// In the language in use, if the pack's words still name the extension.
+QString FilterOf(const std::string& filter) {
+    const int type = KindOf(filter).Type;
+    const QString words = type != 0 ? Text(type) : QString();
+    return words.contains("*." + ExtensionOf(filter)) ? words : PlainFilterOf(filter);
+}
+
+QString TitleOf(int text) {
+    return Text(text).remove(QString::fromUtf8("…"));
+}
+
 } // namespace
 
 WindowPlatform::WindowPlatform()
-    : platform_{.Clock = clock_,
-                .Files = files_,
-                .FileDialogs = *this,
-                .Messages = *this,
-                .MessageLoop = *this,
-                .Progress = *this,
-                .PartnerTransport = partners_,
-                .ProgramLauncher = programs_,
-                .MidiOutput = midi_,
-                .MediaControl = music_,
-                .PagePrinter = printer_} {
+    : monitors_(files_, [] { return InConfigFolder("monitors.ini"); }), platform_{
+                                                                            .Clock = clock_,
+                                                                            .Files = files_,
+                                                                            .FileDialogs = *this,
+                                                                            .Messages = *this,
+                                                                            .MessageLoop = *this,
+                                                                            .Progress = *this,
+                                                                            .PartnerTransport = partners_,
+                                                                            .ProgramLauncher = programs_,
+                                                                            .MidiOutput = midi_,
+                                                                            .MediaControl = music_,
+                                                                            .PagePrinter = printer_,
+                                                                            .EcgMonitors = monitors_} {
+    AddStandardMonitors(monitors_, {.Clock = clock_,
+                                    .Words = &TextOfMonitorWord,
+                                    .ReadRecord = [](const std::string& file, LiveRecord& record) {
+                                        return ReadLiveRecord(file, record).Number == 0;
+                                    }});
     InstallPlatform(platform_);
 }
 
@@ -58,8 +103,8 @@ void WindowPlatform::CatchUp() const {
 std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& start,
                                                             const std::string& filter) {
     CatchUp();
-    const QString name =
-        QFileDialog::getOpenFileName(owner_, Text(TextDialogOpenSession), FolderOf(start), FilterOf(filter));
+    const QString name = QFileDialog::getOpenFileName(owner_, TitleOf(KindOf(filter).OpenTitle),
+                                                      FolderOf(start), FilterOf(filter));
     if (name.isEmpty())
         return std::nullopt;
     return name.toStdString();
@@ -68,7 +113,7 @@ std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& s
 std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& start,
                                                             const std::string& filter) {
     CatchUp();
-    QFileDialog dialog(owner_, Text(TextDialogSaveSession), FolderOf(start), FilterOf(filter));
+    QFileDialog dialog(owner_, TitleOf(KindOf(filter).SaveTitle), FolderOf(start), FilterOf(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // With the suffix set here, the question about replacing a file is asked for the name as it will be.
     dialog.setDefaultSuffix(ExtensionOf(filter));

@@ -2,6 +2,7 @@
 
 #include "feedback/FeedbackModes.h"
 #include "feedback/ModeSelector.h"
+#include "images/BackgroundPicture.h"
 #include "persistence/OpenSession.h"
 #include "quickscan/QuickScan.h"
 #include "session/Controls.h"
@@ -12,6 +13,7 @@
 #include "session/Replay.h"
 #include "session/Seek.h"
 #include "session/SessionButtons.h"
+#include "session/Settings.h"
 #include "session/ShutDown.h"
 #include "session/StartUp.h"
 #include "workspace/AnalysisPanels.h"
@@ -24,6 +26,7 @@
 #include "workspace/TopBar.h"
 #include "workspace/TrainingView.h"
 #include "workspace/TransportButton.h"
+#include "workspace/WindowButtons.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmLanguage.h"
@@ -68,6 +71,7 @@ void ShowForm(QPointer<Form>& form, Arguments... arguments) {
 
 frmMain::frmMain(WindowPlatform& platform, const QString& version)
     : platform_(platform), timers_(SessionTimers(), [this] { Mirror(); }), topBar_(new TopBar(this)),
+      buttons_(new WindowButtons(this, [this](const std::function<void()>& routine) { Do(routine); })),
       statusLine_(new StatusLine(this)), loading_(new QLabel(this)),
       desk_(new ModuleDesk(this, [this](const std::function<void()>& routine) { Do(routine); })),
       panels_(new AnalysisPanels(*desk_, [this](const std::function<void()>& routine) { Do(routine); })),
@@ -138,6 +142,7 @@ void frmMain::ShowSettings() {
 void frmMain::ApplyLanguage() {
     menus_->Retranslate();
     topBar_->Retranslate();
+    buttons_->Retranslate();
     desk_->Retranslate();
     panels_->Retranslate();
     scan_->Retranslate();
@@ -194,6 +199,7 @@ void frmMain::ConnectTransport() {
 }
 
 void frmMain::Mirror() {
+    buttons_->Mirror();
     PlaceModules(false);
     desk_->Mirror();
     topBar_->Mirror();
@@ -219,12 +225,15 @@ void frmMain::ApplyLook() {
 }
 
 void frmMain::LayOut() {
+    if (!sized_)
+        return; // the panels would be fitted to a window that nobody sees
     const Density& density = DensityFor(width(), height());
-    topBar_->setGeometry(0, 0, width(), density.TopBar);
+    topBar_->setGeometry(0, 0, width() - WindowButtons::Width, density.TopBar);
     topBar_->ApplyLook();
     statusLine_->setGeometry(0, height() - density.StatusLine, width(), density.StatusLine);
     loading_->setGeometry(0, height() / 2 - 20, width(), 40);
-    desk_->MeasureWindow(size(), density.TopBar, density.StatusLine, density.TitleBar, density.Gap);
+    desk_->MeasureWindow(geometry());
+    buttons_->LayOut();
     PlaceModules(true);
     training_->LayOut();
 }
@@ -237,12 +246,13 @@ void frmMain::PlaceModules(bool redraw) {
 }
 
 void frmMain::resizeEvent(QResizeEvent* /*event*/) {
+    sized_ = true;
     LayOut();
 }
 
 void frmMain::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), CurrentLook().Desk);
+    PaintBackground(painter, size(), {CurrentLook().Desk, ShowBackground != Off});
 }
 
 void frmMain::CancelDrag() {

@@ -18,6 +18,7 @@ class ScanPanel;
 class StatusLine;
 class TopBar;
 class TrainingView;
+class WindowButtons;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
@@ -75,6 +76,7 @@ private:
     WindowPlatform& platform_;
     QtTimers timers_;
     TopBar* topBar_;
+    WindowButtons* buttons_;
     StatusLine* statusLine_;
     QLabel* loading_;
     ModuleDesk* desk_;
@@ -92,6 +94,7 @@ private:
     std::string fileToOpen_;
     QTimer openTimer_;
     bool panelChosen_ = false;
+    bool sized_ = false;
 };
 
 } // namespace pulselark

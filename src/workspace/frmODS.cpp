@@ -1,7 +1,7 @@
 #include "workspace/frmODS.h"
 
+#include "images/PictureFiles.h"
 #include "persistence/FileMessages.h"
-#include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/MainControls.h"
 #include "workspace/FocusRing.h"
@@ -9,57 +9,19 @@
 #include "workspace/SideWindowParts.h"
 #include "workspace/Texts.h"
 
-#include <QBuffer>
 #include <QClipboard>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QImageWriter>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QStandardPaths>
 
-#include <algorithm>
-#include <array>
-
 namespace pulselark {
 
 namespace {
-
-struct PictureFormat {
-    const char* Name; // the toolkit's
-    const char* Shown;
-    const char* Endings;
-    bool SeeThrough;
-};
-constexpr std::array<PictureFormat, 4> Formats{{{"png", "PNG", "*.png", true},
-                                                {"jpeg", "JPEG", "*.jpg *.jpeg", false},
-                                                {"bmp", "BMP", "*.bmp", false},
-                                                {"webp", "WebP", "*.webp", true}}};
-constexpr int JpegQuality = 92;
-
-bool CanWrite(const PictureFormat& format) {
-    return QImageWriter::supportedImageFormats().contains(format.Name);
-}
-
-const PictureFormat* FormatOf(const QString& name) {
-    const QString ending = "*." + QFileInfo(name).suffix().toLower();
-    const auto* format = std::find_if(Formats.begin(), Formats.end(), [&](const PictureFormat& each) {
-        return QString(each.Endings).split(' ').contains(ending) && CanWrite(each);
-    });
-    return format == Formats.end() ? nullptr : format;
-}
-
-QImage OnWhite(const QImage& picture) {
-    QImage opaque(picture.size(), QImage::Format_RGB32);
-    opaque.fill(Qt::white);
-    QPainter painter(&opaque);
-    painter.drawImage(opaque.rect(), picture);
-    return opaque;
-}
 
 /// The picture in the middle, as large as fits, never larger than it is.
 class PictureView final : public QWidget {
@@ -92,30 +54,6 @@ private:
 };
 
 } // namespace
-
-Integer SavePictureAs(const QImage& picture, const QString& name) {
-    const PictureFormat* format = FormatOf(name);
-    if (format == nullptr)
-        return FailureBadFileName;
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format->Name);
-    if (!format->SeeThrough)
-        writer.setQuality(JpegQuality);
-    if (!writer.write(format->SeeThrough ? picture : OnWhite(picture)))
-        return FailureDeviceIO;
-    return ThePlatform().Files.ReplaceWhole(name.toStdString(), bytes.toStdString());
-}
-
-QStringList PictureFilters() {
-    QStringList filters;
-    for (const PictureFormat& format : Formats) {
-        if (CanWrite(format))
-            filters << QString("%1 (%2)").arg(format.Shown, format.Endings);
-    }
-    return filters;
-}
 
 frmODS::frmODS(QWidget* owner)
     : QDialog(owner), ChooseName([this] { return AskForName(); }), view_(new PictureView(picture_, this)),

@@ -12,14 +12,6 @@ class QPushButton;
 
 namespace pulselark {
 
-/// Writes a picture, whole or not at all, in the format that the name ends in: PNG, JPEG, BMP, or WebP where
-/// the toolkit can write it. What a format cannot show as see-through becomes white. Returns 0 or the
-/// failure's number; 52 for a name with no such ending.
-Integer SavePictureAs(const QImage& picture, const QString& name);
-
-/// The picture formats that can be written, as filters of a file dialog, PNG first.
-QStringList PictureFilters();
-
 /// The picture window: shows a snapshot of a panel or of the workspace, to save and to copy.
 class frmODS final : public QDialog {
     Q_OBJECT

@@ -8,6 +8,7 @@
 #include "analysis/HrvPanel.h"
 #include "analysis/PanelDrawing.h"
 #include "feedback/PartnerTools.h"
+#include "images/BackgroundPicture.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "platform/qt/QtColour.h"
@@ -106,6 +107,7 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
     addSeparator();
     AddTidalView();
     AddColourSets();
+    AddBackground();
     AddToggle(TextToggleSolidGraphs, "labSolidGraphs", SolidGraphs, lookChanged_);
     AddHistoryStyles();
     AddAveraging();
@@ -214,6 +216,20 @@ void frmViewMenu::AddColourSets() {
         action->setCheckable(true);
         marks_.append([action, scheme] { action->setChecked(ColourSchemeIndex == scheme); });
     }
+}
+
+void frmViewMenu::AddBackground() {
+    AddToggle(TextToggleShowBackground, "labShowBackground", ShowBackground, lookChanged_);
+    AddEntry(this, TextMenuBackgroundPicture, "labBackgroundPicture", [this] {
+        if (ChooseBackgroundPicture()) {
+            ShowBackground = On; // whoever chooses a picture wants to see it
+            lookChanged_();
+        }
+    });
+    AddEntry(this, TextMenuOwnBackground, "labOwnBackground", [this] {
+        if (UseOwnBackground())
+            lookChanged_();
+    });
 }
 
 void frmViewMenu::AddHistoryStyles() {

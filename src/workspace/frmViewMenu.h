@@ -28,6 +28,7 @@ private:
     void AddLayout();
     void AddTidalView();
     void AddColourSets();
+    void AddBackground();
     void AddHistoryStyles();
     void AddAveraging();
     QMenu* AddSubmenu(int text, const char* name, int before = 0);

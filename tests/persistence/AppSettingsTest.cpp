@@ -198,7 +198,7 @@ TEST_F(OmsFiles, AFileThatEndsAtLine30GivesTheDefaults) {
     App() = FileOf(AppLines, 30);
     LoadAppSettings();
     EXPECT_EQ(Outside.Boxes.Shown, (std::vector<FakeMessages::Message>{
-                                       {"<177>62\n\n<289>\nconfig/app.oms, <273> 31\n\n<164>", ButtonOK}}));
+                                       {"<177>62\n\n<289>\nconfig/app.oms, <273> 31\n\n<298>", ButtonOK}}));
     EXPECT_EQ(labStatus.Caption, "<139>");
     ExpectDefaults();
     EXPECT_EQ(SnapPanels & ShortcutDone, On); // these two have no default and were read

@@ -87,7 +87,7 @@ TEST_F(Configurations, WithoutItsLastTwoLinesAFileMovesEveryPanelAndFails) {
     LoadConfig(-2);
     EXPECT_EQ(Outside.Boxes.Shown,
               (std::vector<FakeMessages::Message>{
-                  {"<169>62\n\n<289>\nconfig/prevConfig.htc, <273> 55\n\n<164>", ButtonOK}}));
+                  {"<169>62\n\n<289>\nconfig/prevConfig.htc, <273> 55\n\n<299>", ButtonOK}}));
     EXPECT_EQ(labStatus.Caption, "<139>");
     EXPECT_TRUE(BuiltIn());
     EXPECT_EQ(frmScale.Width, 12000.5F); // no part of the built-in layout

@@ -145,6 +145,51 @@ TEST_F(QsPage, OnPaperBoxesAreWhiteAndThePanelIsLeftAlone) {
     }
 }
 
+TEST_F(QsPage, AMissingChannelLeavesPaperAndPanelEmptyOfData) {
+    RecordingSurface paper(707, 1000);
+    QuickScanFresh = ChannelBPresent = Off;
+    OpenQuickScanPanel();
+    QsDrawOnPaper(paper);
+    for (const RecordingSurface* surface : {&Page, &paper}) {
+        EXPECT_EQ(surface->Order.find_first_of("gvox"), std::string::npos); // bars, gauge, pie, boxes
+        EXPECT_TRUE(std::none_of(surface->Texts.begin(), surface->Texts.end(),
+                                 [](const auto& text) { return text.Value.starts_with("<197>"); }));
+        EXPECT_TRUE(std::any_of(surface->Texts.begin(), surface->Texts.end(),
+                                [](const auto& text) { return text.Value == "<189>"; }));
+    }
+}
+
+TEST_F(QsPage, TheCurveOfCoherenceRunsUnderTheTexts) {
+    CoherenceA.Fill(0.33F); // up to the title
+    QsDrawCoherence(CoherenceA);
+    const Colour ink = Kind('s').at(0).Line.Ink;
+    Page.Forget();
+    OpenQuickScanPanel();
+    const auto strokes = Kind('s');
+    const auto curve =
+        std::find_if(strokes.begin(), strokes.end(), [ink](const auto& s) { return s.Line.Ink == ink; });
+    ASSERT_NE(curve, strokes.end());
+    std::size_t at = std::string::npos; // of its letter
+    for (auto s = strokes.begin(); s <= curve; ++s)
+        at = Page.Order.find('s', at + 1);
+    const auto before =
+        std::count(Page.Order.begin(), Page.Order.begin() + static_cast<std::ptrdiff_t>(at), 't');
+    for (const char* text : {"<184>", "<185>", "<188>", "<189>", "<197>", "0.2", "80 BMP"}) {
+        const RecordingSurface::Text* found = Find(text);
+        ASSERT_NE(found, nullptr) << text;
+        EXPECT_GE(found - Page.Texts.data(), before) << text;
+        const double right = found->X + found->Height / 2 * static_cast<double>(found->Value.size());
+        EXPECT_TRUE(std::any_of(Page.Boxes.begin(), Page.Boxes.end(), [&](const auto& plate) {
+            return plate.X1 < found->X && plate.X2 > right && std::abs(plate.Y2 - found->Y) < 1e-6 &&
+                   std::abs(plate.Y2 - plate.Y1 - found->Height) < 1e-6;
+        })) << text;
+        EXPECT_EQ(std::count_if(Page.Texts.begin(), Page.Texts.end(),
+                                [&](const auto& t) { return t.Value == found->Value; }),
+                  1)
+            << text;
+    }
+}
+
 TEST_F(QsPage, ThePieSplitsByTheRatio) {
     constexpr double Pi = std::numbers::pi;
     const struct {

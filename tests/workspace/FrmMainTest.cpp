@@ -286,6 +286,7 @@ TEST_F(FrmMain, ChoicesOfTheViewMenuShowAtOnce) {
 
 TEST_F(FrmMain, EntriesOfTheTopBarKeepTheirIconsWhereThereIsNoRoomForWords) {
     OpenDemo();
+    Main->resize(1600, 1000);
     const QWidget* scan = Find("labQSMenu0");
     const QWidget* print = Find("labQSMenu1");
     const int wide = print->width();
@@ -295,7 +296,7 @@ TEST_F(FrmMain, EntriesOfTheTopBarKeepTheirIconsWhereThereIsNoRoomForWords) {
     EXPECT_GT(scan->x(), Find("picStop")->geometry().right());
     EXPECT_LE(scan->geometry().right(), print->x());
     labQSMenu[0].Caption = "A / B";
-    Main->resize(1280, 800);
+    Main->resize(1600, 1000);
     Main->Mirror();
     EXPECT_EQ(print->width(), wide);
     EXPECT_EQ(scan->accessibleName(), "A / B");

@@ -1,5 +1,6 @@
 #include "workspace/SideWindowsTest.h"
 
+#include "images/PictureFiles.h"
 #include "platform/system/ProcessPriority.h"
 #include "platform/system/SystemFiles.h"
 #include "session/LanguageTable.h"

@@ -22,7 +22,7 @@ fs::path DataHome() {
 }
 
 // What ships lies beside the program in a build tree and in share/ of an installation.
-fs::path ShippedFolder(const fs::path& program) {
+fs::path ShippedBeside(const fs::path& program) {
     std::error_code error;
     for (const fs::path& place : {program, program.parent_path() / "share" / "pulselark"}) {
         if (fs::is_directory(place / "config", error))
@@ -50,6 +50,10 @@ std::string FolderOfProgram() {
     return error ? std::string(".") : program.parent_path().string();
 }
 
+std::string FindShippedFolder() {
+    return ShippedBeside(FolderOfProgram()).string();
+}
+
 std::string FindProgramFolder() {
     if (std::string home = Environment("PULSELARK_HOME"); !home.empty()) {
         while (home.size() > 1 && home.back() == '/')
@@ -61,7 +65,7 @@ std::string FindProgramFolder() {
     if (fs::is_directory(program / "config", error) && ::access(program.c_str(), W_OK) == 0)
         return program.string();
     const fs::path folder = DataHome() / "pulselark";
-    FillFrom(ShippedFolder(program), folder);
+    FillFrom(ShippedBeside(program), folder);
     return folder.string();
 }
 

@@ -9,6 +9,10 @@ namespace pulselark {
 /// `~/.local/share/pulselark`), filled at first use from what ships with the program.
 std::string FindProgramFolder();
 
+/// Folder with the files as they ship: the running program's own, or the installation's; empty if neither has
+/// them.
+std::string FindShippedFolder();
+
 /// Folder of the running program.
 std::string FolderOfProgram();
 
