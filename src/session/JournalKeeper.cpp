@@ -82,7 +82,6 @@ void BeginJournal() {
                            .Time = clock.LocalTime(),
                            .Monitor = MonitorName,
                            .Mode = ChannelMode,
-                           .ChannelB = ChannelBPresent != Off,
                            .Info = SessionInfo};
     journal->Append(JournalStart(head), true);
 }

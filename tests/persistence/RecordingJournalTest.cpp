@@ -10,8 +10,7 @@ namespace pulselark {
 namespace {
 
 JournalHead SomeHead() {
-    JournalHead head{
-        .Date = "21/11/2026", .Time = "17:45", .Monitor = "fake", .Mode = 1, .ChannelB = true, .Info = {}};
+    JournalHead head{.Date = "21/11/2026", .Time = "17:45", .Monitor = "fake", .Mode = 1, .Info = {}};
     head.Info[0] = "a title with\na line";
     head.Info[20] = "1";
     return head;
@@ -35,7 +34,6 @@ TEST(RecordingJournal, GivesBackWhatWasWrittenAndTheLastWordCounts) {
     ASSERT_TRUE(ReadJournal(journal, content));
     EXPECT_EQ(content.Head.Monitor, "fake");
     EXPECT_EQ(content.Head.Mode, 1);
-    EXPECT_TRUE(content.Head.ChannelB);
     EXPECT_EQ(content.Head.Info, SomeHead().Info);
     EXPECT_EQ(content.WholeBytes, journal.size());
     ASSERT_EQ(content.EcgA.size(), 400U);
