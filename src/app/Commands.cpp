@@ -53,6 +53,8 @@ std::string HelpText() {
            "\n"
            "For the window:\n"
            "  --no-splash                              starts without the splash and its waiting\n"
+           "  --dry-testing                            for developers: recordings run without a monitor, "
+           "over zeros\n"
            "  --trace FILE                             writes each event as `trace` prints it\n"
            "  --full-speed                             replays the session as fast as it can, then ends\n"
            "  --picture FILE.png                       with --full-speed: leaves a picture of the workspace\n"

@@ -26,6 +26,8 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--full-speed")
             options.FullSpeed = true;
+        else if (arguments[i] == "--dry-testing")
+            options.DryTesting = true;
         else if (arguments[i] == "--no-splash")
             options.Splash = false;
         else if (arguments[i] == "--picture" && i + 1 < arguments.size())

@@ -78,7 +78,8 @@ void ComeBack(Long now) {
     ConnectionLost = Off;
     labConnection = {};
     if (!lost) {
-        ShowStatus(LanguageText(TextRecording));
+        if (!waitingText.empty())
+            ShowStatus(LanguageText(TextRecording));
         return;
     }
     const Long seconds = static_cast<Long>(Round(MillisecondsBetween(lastSampleAt, now) / 1000.0));

@@ -36,6 +36,17 @@ void DrawRecordLamp() {
         picStartSmp.Frame = RecordFrame(lit ? RecordFramesPerScheme : 1);
 }
 
+bool RecordLampLit() {
+    const Integer lit = AppLinkOnly != Off ? LinkLitFrame : RecordFrame(RecordFramesPerScheme);
+    const bool highlit = RecordButtonLifted() && !timLedBlink.Enabled;
+    return SessionRunning != Off && (picStartSmp.Frame == lit || highlit);
+}
+
+bool RecordButtonLifted() {
+    return TrainingActive == Off && (picStartSmp.Frame == RecordFrame(RecordHover) ||
+                                     picStartSmp.Frame == RecordFrame(RecordRunningHover));
+}
+
 void HoverRecordButton(bool over) {
     DrawRecordLamp();
     if (over)

@@ -1,6 +1,5 @@
 #include "workspace/TransportButton.h"
 
-#include "session/Replay.h"
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 
@@ -81,7 +80,7 @@ void TransportButton::keyPressEvent(QKeyEvent* event) {
         event->ignore(); // the window has a use for it
         return;
     }
-    emit ReleasedWith(RightButton);
+    emit ReleasedWith(keyButton_);
 }
 
 void TransportButton::enterEvent(QEnterEvent* /*event*/) {

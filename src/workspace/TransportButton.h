@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/Replay.h"
 #include "workspace/Icons.h"
 
 #include <QAbstractButton>
@@ -14,11 +15,13 @@ public:
     TransportButton(const char* name, Icon icon, QWidget* parent);
 
     void SetDiameter(int diameter);
+    /// What the keyboard stands for; at first the right button: normal speed.
+    void SetKeyButton(MouseButton button) { keyButton_ = button; }
     /// Available: can be pressed. Running: what the button starts is under way. Lifted: under the pointer.
     void SetState(bool available, bool running, bool lifted);
 
 signals:
-    /// Released with the left (1) or right (2) mouse button, or by the keyboard (2: normal speed).
+    /// Released with the left (1) or right (2) mouse button, or by the keyboard.
     void ReleasedWith(int mouseButton);
     void PressedDown();
     /// The pointer comes over the button, or leaves it.
@@ -38,6 +41,7 @@ private:
     bool running_ = false;
     bool lifted_ = false;
     bool pressed_ = false;
+    MouseButton keyButton_ = RightButton;
 };
 
 } // namespace pulselark

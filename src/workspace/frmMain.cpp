@@ -9,6 +9,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
+#include "session/RecordButton.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 #include "session/Seek.h"
@@ -187,6 +188,13 @@ void frmMain::ConnectTransport() {
         connect(button, &TransportButton::Hovered, this,
                 [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
     };
+    TransportButton* record = topBar_->RecordButton();
+    record->SetKeyButton(LeftButton);
+    connect(record, &TransportButton::Hovered, this,
+            [this](bool over) { Do([over] { HoverRecordButton(over); }); });
+    connect(record, &TransportButton::ReleasedWith, this, [this](int button) {
+        Do([button] { ReleaseRecordButton(button == LeftButton ? LeftButton : RightButton); });
+    });
     TransportButton* replay = topBar_->ReplayButton();
     TransportButton* stop = topBar_->StopButton();
     connectHover(replay, picReplay);
