@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/BeatDetector.h"
+#include "analysis/Beat.h"
 
 #include <deque>
 #include <optional>
