@@ -13,9 +13,10 @@ constexpr double Rate = 128;
 constexpr int PeakReach = 9;      // that a peak of the envelope tops on each side
 constexpr int MarkReach = 9;      // from the envelope's peak to the QRS peak at most
 constexpr int BaselineReach = 20; // of the mean that an amplitude counts from
-constexpr int HeightReach = 4;    // in which the three envelopes peak
-constexpr int RivalReach = 22;    // within which only the highest peak counts
-constexpr int Wait = 37;          // from the QRS peak to the decision
+constexpr double PolarityWeight = 0.15, PolarityPace = 0.1;
+constexpr int HeightReach = 4; // in which the three envelopes peak
+constexpr int RivalReach = 22; // within which only the highest peak counts
+constexpr int Wait = 37;       // from the QRS peak to the decision
 constexpr double Refractory = 0.2 * Rate;
 constexpr double LatestRevision = 0.266 * Rate;
 constexpr double RevisionGain = 0.2; // in logarithms of two envelopes
@@ -93,9 +94,13 @@ void BeatDetector::PlaceMark(QrsCandidate& candidate) const {
     for (int k = -BaselineReach; k <= BaselineReach; ++k)
         baseline += signal_.Sample(candidate.Place + k) / (2.0 * BaselineReach + 1);
     const auto amplitude = [&](std::int64_t k) { return signal_.Sample(k) - baseline; };
+    // Of an R and an S of almost the same size always the same one.
+    const auto prominence = [&](std::int64_t k) {
+        return std::abs(amplitude(k)) * (1 + PolarityWeight * (amplitude(k) < 0 ? -polarity_ : polarity_));
+    };
     std::int64_t peak = candidate.Place - MarkReach;
     for (std::int64_t k = peak; k <= candidate.Place + MarkReach; ++k)
-        if (std::abs(amplitude(k)) > std::abs(amplitude(peak)))
+        if (prominence(k) > prominence(peak))
             peak = k;
     const double left = amplitude(peak - 1), right = amplitude(peak + 1);
     const double bend = left - 2 * amplitude(peak) + right;
@@ -158,6 +163,7 @@ void BeatDetector::Accept(const QrsCandidate& candidate, bool searchedBack) {
     const double interval = candidate.Mark - lastMark_;
     const bool usable = interval < 3 * Rate && !signal_.GapSince(lastMark_);
     levels_.AddBeat(candidate, usable ? interval : 0);
+    polarity_ += PolarityPace * ((candidate.Found.Amplitude < 0 ? -1 : 1) - polarity_);
     last_ = candidate;
     lastMark_ = candidate.Mark;
     found_.push_back(candidate.Found);

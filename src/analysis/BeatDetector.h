@@ -53,6 +53,7 @@ private:
     std::deque<Beat> found_;            // not yet given out
     QrsCandidate last_;                 // the last beat
     double lastMark_ = -1e9;            // and its mark
+    double polarity_ = 0;               // of the last beats, -1 to 1
     std::int64_t learnedAt_ = 0;        // sample when the levels were learned; 0 before
     std::int64_t end_ = -1;             // samples of the record once it is at its end
 };
