@@ -11,25 +11,27 @@ constexpr std::size_t FirstBeats = 6; // that teach the normal shape
 constexpr std::size_t RecentBeats = 10;
 constexpr double StrangePace = 0.15, MostStrange = 0.68; // share of the last beats
 constexpr double ShapePace = 0.1;
-constexpr double Alike = 0.9, Unlike = 0.75, UnlikeInIrregular = 0.65; // correlations with the normal shape
-constexpr double Early = 0.82, EarlyUnlike = 0.92, LateUnlike = 1.12;  // over the usual interval
+constexpr double Alike = 0.9, Unlike = 0.75, UnlikeInIrregular = 0.65; // agreement with the normal shape
+constexpr double Foreign = 0.2;                                        // agreement that no normal beat has
+
+constexpr double Early = 0.82, EarlyUnlike = 0.92, LateUnlike = 1.12; // over the usual interval
 constexpr double RegularSpread = 0.07; // mean deviation of the usual intervals over their median
 constexpr double InStep = 0.25;        // deviation from the usual interval that is still the rhythm's
 constexpr double MissedInStep = 0.12;
 constexpr double ShortestInterval = 0.25, LongestInterval = 3; // s
 constexpr std::size_t MostMissed = 2;
-constexpr int ShapeFrom = 6, ShapeTo = 26, LongestLag = 2;
+constexpr int ShapeFrom = 3, ShapeTo = 28, LongestLag = 2;
 
-double Correlation(const Beat& beat, const std::array<double, Beat::ShapeSize>& shape, int lag) {
-    double product = 0, one = 0, other = 0;
+// 1 for the same shape of the same size, 0 and less for shapes that have nothing in common.
+double Agreement(const Beat& beat, const std::array<double, Beat::ShapeSize>& shape, int lag) {
+    double product = 0, squares = 1;
     for (int k = ShapeFrom; k <= ShapeTo; ++k) {
         const double x = beat.Shape[static_cast<std::size_t>(k + lag)];
         const double y = shape[static_cast<std::size_t>(k)];
         product += x * y;
-        one += x * x;
-        other += y * y;
+        squares += x * x + y * y;
     }
-    return product / std::sqrt(one * other + 1);
+    return 2 * product / squares;
 }
 
 std::array<double, Beat::ShapeSize> ShapeOf(const Beat& beat) {
@@ -62,7 +64,7 @@ void IntervalSeries::LearnShape(const std::deque<Beat>& beats) {
     for (std::size_t i = 0; i < beats.size(); ++i) {
         double sum = 0;
         for (const Beat& other : beats)
-            sum += Correlation(other, ShapeOf(beats[i]), 0);
+            sum += Agreement(other, ShapeOf(beats[i]), 0);
         if (i > 0)
             intervals.push_back(beats[i].Time - beats[i - 1].Time);
         if (sum <= best)
@@ -92,7 +94,7 @@ void IntervalSeries::WatchForLoss(const Beat& beat, BeatKind kind) {
 double IntervalSeries::Likeness(const Beat& beat) const {
     double best = 0;
     for (int lag = -LongestLag; lag <= LongestLag; ++lag)
-        best = std::max(best, Correlation(beat, shape_, lag));
+        best = std::max(best, Agreement(beat, shape_, lag));
     return best;
 }
 
@@ -133,6 +135,8 @@ BeatKind IntervalSeries::KindOf(const Beat& beat, double raw, double next) const
         return BeatKind::Untrusted;
     const double early = raw / usual;
     const double unlike = Regular() ? Unlike : UnlikeInIrregular;
+    if (like < Foreign && Regular())
+        return BeatKind::Ectopic;
     if (like < unlike && (early < EarlyUnlike || next > LateUnlike * usual))
         return BeatKind::Ectopic;
     if (like < Alike && early < Early && next > early * usual)
