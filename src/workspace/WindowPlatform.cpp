@@ -2,6 +2,7 @@
 
 #include "persistence/ConfigFolder.h"
 #include "persistence/LiveRecordFile.h"
+#include "platform/monitors/DeviceMonitors.h"
 #include "platform/monitors/StandardMonitors.h"
 #include "session/MonitorChoice.h"
 #include "workspace/Texts.h"
@@ -81,11 +82,13 @@ WindowPlatform::WindowPlatform()
                                                                             .MediaControl = music_,
                                                                             .PagePrinter = printer_,
                                                                             .EcgMonitors = monitors_} {
-    AddStandardMonitors(monitors_, {.Clock = clock_,
-                                    .Words = &TextOfMonitorWord,
-                                    .ReadRecord = [](const std::string& file, LiveRecord& record) {
-                                        return ReadLiveRecord(file, record).Number == 0;
-                                    }});
+    const MonitorSurroundings surroundings{.Clock = clock_,
+                                           .Words = &TextOfMonitorWord,
+                                           .ReadRecord = [](const std::string& file, LiveRecord& record) {
+                                               return ReadLiveRecord(file, record).Number == 0;
+                                           }};
+    AddStandardMonitors(monitors_, surroundings);
+    AddDeviceMonitors(monitors_, surroundings);
     InstallPlatform(platform_);
 }
 

@@ -68,7 +68,7 @@ std::string SimulatedMonitor::Error_Msg() {
 }
 
 Integer SimulatedMonitor::Tot_Channels() {
-    return static_cast<Integer>(options_.Number("channels"));
+    return static_cast<Integer>(open_ ? static_cast<double>(persons_.size()) : options_.Number("channels"));
 }
 
 std::string SimulatedMonitor::Sig_Name(Integer channel) {
