@@ -46,6 +46,22 @@ int RunChord(Arguments arguments);
 /// of it.
 int RunTrace(Arguments arguments);
 
+/// What a recording needs of the program around it: the monitors there are, and a wait that lets them work.
+struct RecordWorld {
+    void (*AddMonitors)(class SystemMonitors& monitors, const struct MonitorSurroundings& surroundings);
+    void (*Wait)(int milliseconds);
+};
+
+/// `record --monitor NAME [--option K=V ...] --seconds N --out FILE.hti [--fast]`: a recording of N seconds
+/// without a window, with its journal; an interrupt ends it and keeps what there is. With `--fast` on a clock
+/// that goes as fast as the samples are worked, for monitors that live by the program's clock.
+int RunRecord(Arguments arguments, const RecordWorld& world);
+
+/// `recover --list`: what a crash has left, a line each, the newest first: journal, date, time, seconds,
+/// channels, monitor, TAB between them. `recover --out FILE.hti [JOURNAL]`: writes one of them, by default
+/// the newest, and deletes its journal.
+int RunRecover(Arguments arguments);
+
 /// Text of --help.
 std::string HelpText();
 

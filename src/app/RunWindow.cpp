@@ -109,6 +109,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
     if (options.FullSpeed)
         platform.SetUnattended();
     StartCore(!options.FullSpeed);
+    DryTesting = ToBoolean(options.DryTesting);
     LoadBackgroundPicture();
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> traceFile(nullptr, &std::fclose);
     std::unique_ptr<EventTrace> trace;

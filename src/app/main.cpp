@@ -2,7 +2,12 @@
 #include "app/Picture.h"
 #include "app/RunWindow.h"
 #include "app/ScanPages.h"
+#include "platform/monitors/StandardMonitors.h"
 #include "platform/system/DisplayAnswers.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -21,6 +26,8 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--full-speed")
             options.FullSpeed = true;
+        else if (arguments[i] == "--dry-testing")
+            options.DryTesting = true;
         else if (arguments[i] == "--no-splash")
             options.Splash = false;
         else if (arguments[i] == "--picture" && i + 1 < arguments.size())
@@ -33,6 +40,17 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
             return std::nullopt;
     }
     return options;
+}
+
+// Monitors on a port or a radio live in the toolkit's event loop.
+int RunRecordHere(int argc, char** argv, Arguments arguments) {
+    const QCoreApplication application(argc, argv);
+    return RunRecord(arguments, {.AddMonitors = &AddStandardMonitors, .Wait = [](int milliseconds) {
+                                     QEventLoop loop;
+                                     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop,
+                                                        &QEventLoop::quit);
+                                     loop.exec();
+                                 }});
 }
 
 } // namespace
@@ -57,6 +75,11 @@ int main(int argc, char** argv) {
         return RunResave(Arguments(arguments).subspan(1));
     if (first == "chord")
         return RunChord(Arguments(arguments).subspan(1));
+
+    if (first == "recover")
+        return RunRecover(Arguments(arguments).subspan(1));
+    if (first == "record")
+        return RunRecordHere(argc, argv, Arguments(arguments).subspan(1));
 
     if (first == "picture")
         return RunPicture(argc, argv, Arguments(arguments).subspan(1));

@@ -92,7 +92,6 @@ void TakeHead(BodyReader& body, JournalHead& head) {
     if (mode < 1 || mode > 3)
         throw Failure{FailureIndexOutOfRange};
     head.Mode = static_cast<Integer>(mode);
-    head.ChannelB = body.Number() != 0;
     for (std::string& field : head.Info)
         field = body.Text();
 }
@@ -157,7 +156,6 @@ std::string JournalStart(const JournalHead& head) {
     PutText(body, head.Time);
     PutText(body, head.Monitor);
     PutNumber(body, static_cast<std::uint32_t>(head.Mode));
-    PutNumber(body, head.ChannelB ? 1 : 0);
     for (const std::string& field : head.Info)
         PutText(body, field);
     std::string start(FirstLine);

@@ -29,14 +29,13 @@ struct JournalHead {
     std::string Date, Time; ///< of its start, as the user reads them
     std::string Monitor;
     Integer Mode = 2; ///< channel mode
-    bool ChannelB = false;
     SessionFields Info;
 };
 
 /// What a journal holds.
 struct JournalContent {
     JournalHead Head;
-    std::vector<float> EcgA, EcgB; ///< from the session's first sample on
+    std::vector<float> EcgA, EcgB; ///< from the session's first sample on; a channel that was not recorded: none
     std::vector<float> IbiA, IbiB; ///< from second 1 on
     std::size_t WholeBytes = 0;    ///< bytes before a torn end
 };

@@ -45,7 +45,8 @@ void SaveSession() {
         return;
     }
     SessionUnsaved = Off;
-    DiscardJournal();
+    if (SessionRunning == Off)
+        DiscardJournal();
     LastFileResult = FileSuccess;
     SessionName = LastSessionFile = name;
     LockSavedReport();

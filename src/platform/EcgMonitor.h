@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Numbers.h"
+#include "platform/MonitorOptions.h"
 
 #include <string>
 #include <vector>
@@ -25,7 +26,8 @@ public:
     virtual double Sig_Rate(Integer channel) = 0;
     /// Appends the samples that have arrived since the last call, in panel units (500 at the line "+500mV").
     /// A sample that the monitor knows to be lost is a NaN in its place, so that the time base holds. Returns
-    /// false while the connection is lost; the monitor goes on seeking it by itself.
+    /// false while the connection is lost; the monitor goes on seeking it by itself. The samples of that time
+    /// are never delivered: how long it was, the caller's clock knows.
     virtual bool Read_Buff(Integer channel, std::vector<float>& samples) = 0;
     virtual void CloseC2(Integer handle) = 0;
 };
@@ -37,6 +39,18 @@ public:
     /// The monitor of that name (`MonitorName`), not yet open; none if there is none of that name. It stays
     /// the property of the list, and there is one of each.
     virtual EcgMonitor* Find(const std::string& name) = 0;
+
+    // Settings of the monitors by name; they count from the next `Init` on.
+
+    /// The options of a monitor with their values; empty if it has none.
+    virtual const std::vector<MonitorOption>& Options(const std::string& name);
+    /// False, and nothing changes, if there is no such monitor or option or the value is not one for it.
+    virtual bool SetOption(const std::string& name, const std::string& key, const std::string& value);
+    /// Keeps all values for the next start of the program. Returns 0, or the number of the failure.
+    virtual Integer KeepOptions();
+    /// The devices there are for an option of the kind `Device`. What takes time to find is sought from the
+    /// first call on and comes with a later one.
+    virtual std::vector<std::string> Devices(const std::string& name, const std::string& key);
 };
 
 /// A computer without monitors.

@@ -144,7 +144,8 @@ void ShowBeats(Long now) {
     timLedBlink.Enabled = true;
     DrawRecordLamp();
     ++Diagnostics.Beats;
-    Diagnostics.BeatToLamp.Take(SessionMilliseconds(now) - *beat * 1000);
+    if (beat->Prompt)
+        Diagnostics.BeatToLamp.Take(SessionMilliseconds(now) - beat->Time * 1000);
 }
 
 void ShowRate(CaptionLabel& label, float interval, bool lost) {
@@ -225,13 +226,13 @@ void WriteJournalInParts(Long now) {
 void RunTick() {
     const Long now = ClockNow();
     ++AcquisitionTick;
-    if (StopRequested != Off)
-        return EndAsRequested(now);
-    SessionPaused = Off; // what was to be continued runs now
     if (DryTesting != Off)
         TakeZeros(now);
     else
         TakeSamples(now);
+    if (StopRequested != Off)
+        return EndAsRequested(now);
+    SessionPaused = Off; // what was to be continued runs now
     ShowBeats(now);
     WriteJournalInParts(now);
     if (SamplesHaveCome() || DryTesting != Off)

@@ -18,8 +18,6 @@ namespace {
 
 constexpr Colour Red = 0x0000FF;
 constexpr Long TimeBetweenTries = 3000;
-// A monitor that knows of its loss seeks by itself, and a search for a radio takes its time.
-constexpr Long PatienceWithASearch = 30000;
 // Levels of the training from which on the scenery scrolls.
 constexpr double FirstScrollingLevel = 2;
 
@@ -80,7 +78,8 @@ void ComeBack(Long now) {
     ConnectionLost = Off;
     labConnection = {};
     if (!lost) {
-        ShowStatus(LanguageText(TextRecording));
+        if (!waitingText.empty())
+            ShowStatus(LanguageText(TextRecording));
         return;
     }
     const Long seconds = static_cast<Long>(Round(MillisecondsBetween(lastSampleAt, now) / 1000.0));
@@ -97,9 +96,10 @@ void ShowWaiting() {
     waitingText = text;
 }
 
+// A monitor that knows of its loss seeks by itself.
 void TryAgain(Long now, bool connected) {
     const bool itSeeks = DeviceHandle > 0 && !connected;
-    if (MillisecondsBetween(lastTryAt, now) < (itSeeks ? PatienceWithASearch : TimeBetweenTries))
+    if (itSeeks || MillisecondsBetween(lastTryAt, now) < TimeBetweenTries)
         return;
     ReopenMonitor();
     lastTryAt = now;

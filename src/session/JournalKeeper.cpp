@@ -20,6 +20,7 @@ namespace {
 std::unique_ptr<GrowingFile> journal;
 std::string journalName;
 Long writtenA = 0, writtenB = 0; // samples that the journal has
+Long writtenSeconds = 0;         // intervals
 
 // The message waits for a timer, so that the acquisition does not stand still behind it.
 void Fail(Integer failure) {
@@ -73,7 +74,7 @@ void TakeSamples(std::string& bytes, char channel, const EcgBuffer& ecg, Long& w
 
 void BeginJournal() {
     DiscardJournal();
-    writtenA = writtenB = 0;
+    writtenA = writtenB = writtenSeconds = 0;
     Open(FreeName());
     if (journal == nullptr)
         return;
@@ -82,7 +83,6 @@ void BeginJournal() {
                            .Time = clock.LocalTime(),
                            .Monitor = MonitorName,
                            .Mode = ChannelMode,
-                           .ChannelB = ChannelBPresent != Off,
                            .Info = SessionInfo};
     journal->Append(JournalStart(head), true);
 }
@@ -92,6 +92,7 @@ void GoOnWithJournal(const std::string& name, const std::string& bytes) {
     const Integer failure = ThePlatform().Files.ReplaceWhole(name, bytes);
     writtenA = WriteIndexA;
     writtenB = WriteIndexB;
+    writtenSeconds = SessionSeconds;
     journalName = name;
     if (failure != 0)
         Fail(failure);
@@ -114,7 +115,9 @@ void JournalIntervals(Long second) {
     if (journal == nullptr)
         return;
     std::string bytes;
-    const Long first = std::max<Long>(1, second - IntervalSeries::SettledAfter);
+    const Long changed = second - IntervalSeries::SettledAfter;
+    const Long first = std::max<Long>(1, std::min(writtenSeconds + 1, changed));
+    writtenSeconds = second;
     const auto count = static_cast<std::size_t>(second - first + 1);
     AppendIntervals(bytes, first, {IbiA.data() + first - 1, count}, {IbiB.data() + first - 1, count});
     journal->Append(std::move(bytes), true);
@@ -146,7 +149,7 @@ void ResetJournal() {
     journal.reset();
     journalName.clear();
     JournalFailure = 0;
-    writtenA = writtenB = 0;
+    writtenA = writtenB = writtenSeconds = 0;
 }
 
 } // namespace pulselark

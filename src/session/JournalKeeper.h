@@ -10,7 +10,8 @@ namespace pulselark {
 
 extern Integer JournalFailure; ///< why the journal has ended, 0 for none; `timTellJournal` tells; start 0
 
-/// A new recording: the journal of the one before goes, and a new one is opened in the Sessions folder.
+/// The journal of the session before goes, and a new one is opened in the Sessions folder. It takes the
+/// session from its first sample on, so that a recording can also be continued with a new one.
 void BeginJournal();
 
 /// Goes on with a journal that was read back: `bytes` is what of file `name` is whole.

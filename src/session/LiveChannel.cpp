@@ -16,8 +16,14 @@ constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
 constexpr int LongestBridge = SamplesPerSecond / 8;
 // Over so many milliseconds the least lag is the way of the samples without the waiting for a packet.
 constexpr Long TimeWindow = 10000;
+// Until the resampler is full, and the first packets of any size are through.
+constexpr Long SettlingTime = 2000;
 // Less is the clock's own grain.
 constexpr double LeastCorrection = 1.5;
+// More in one window is no clock that goes wrong, but a loss.
+constexpr Long LongestCorrection = SamplesPerSecond / 2;
+// Beats of the first two seconds come all at once.
+constexpr double LearningSeconds = 2;
 
 } // namespace
 
@@ -37,7 +43,7 @@ void LiveChannel::Restart() {
     lostRun_ = 0;
     windowOpen_ = false;
     usualLag_.reset();
-    toDrop_ = 0;
+    corrected_ = toCorrect_ = 0;
 }
 
 void LiveChannel::Connect(double rate) {
@@ -48,21 +54,34 @@ void LiveChannel::Connect(double rate) {
         ready_.clear();
     }
     resampler_.emplace(rate);
+    connectedAt_.reset();
     figures_.NominalRate = rate;
     windowOpen_ = false;
-    toDrop_ = 0;
+    corrected_ = toCorrect_ = 0;
 }
 
 void LiveChannel::Take(std::span<const float> raw) {
     for (const float sample : raw)
         resampler_->Push(sample, ready_);
-    for (const float sample : ready_) {
-        if (toDrop_ > 0)
-            --toDrop_;
-        else
-            Put(sample);
-    }
+    for (const float sample : ready_)
+        PutInTime(sample);
     ready_.clear();
+}
+
+// One sample, or none, or two, as the clock wants it.
+void LiveChannel::PutInTime(float sample) {
+    const bool due = toCorrect_ != 0 && ++sinceCorrection_ >= spacing_;
+    if (!due || toCorrect_ > 0)
+        Put(sample);
+    if (!due)
+        return;
+    const Long step = toCorrect_ > 0 ? 1 : -1;
+    if (step > 0)
+        Put(sample);
+    toCorrect_ -= step;
+    corrected_ += step;
+    sinceCorrection_ = 0;
+    ++figures_.Corrections;
 }
 
 void LiveChannel::FillWithLost(Long end) {
@@ -106,7 +125,8 @@ void LiveChannel::Analyse(float sample) {
         intervals_.Add(*beat);
         while (intervals_.Next())
             continue; // the kinds of beats are for others to show
-        newBeat_ = beat->Time + static_cast<double>(base_) / SamplesPerSecond;
+        newBeat_ = LampBeat{beat->Time + static_cast<double>(base_) / SamplesPerSecond,
+                            !beat->Doubtful && beat->Time > LearningSeconds};
     }
     if (signal_.Push(sample)) {
         quality_ = signal_.Figure();
@@ -117,35 +137,39 @@ void LiveChannel::Analyse(float sample) {
 void LiveChannel::KeepTime(Long now, double byClock) {
     const double lag = byClock - writeIndex_;
     figures_.LagMs = lag * 1000 / SamplesPerSecond;
+    if (!connectedAt_)
+        connectedAt_ = now;
+    if (now - *connectedAt_ < SettlingTime)
+        return;
+    const double uncorrected = lag + corrected_;
     if (!windowOpen_) {
         windowOpen_ = true;
         windowStart_ = now;
-        leastLag_ = lag;
+        leastLag_ = uncorrected;
     }
-    leastLag_ = std::min(leastLag_, lag);
+    leastLag_ = std::min(leastLag_, uncorrected);
     if (now - windowStart_ >= TimeWindow)
-        CloseTimeWindow(now);
+        CloseTimeWindow();
 }
 
-void LiveChannel::CloseTimeWindow(Long now) {
+void LiveChannel::CloseTimeWindow() {
     windowOpen_ = false;
-    windowStart_ = now;
     if (!usualLag_) {
         usualLag_ = leastLag_;
         return;
     }
-    const double excess = leastLag_ - *usualLag_;
-    if (std::abs(excess) < LeastCorrection)
+    const double wrong = leastLag_ - *usualLag_ - corrected_;
+    if (std::abs(wrong) < LeastCorrection)
         return;
-    const auto samples = static_cast<Long>(Round(std::abs(excess)));
-    figures_.Corrections += samples;
-    if (excess < 0)
-        toDrop_ += samples;
-    else if (samples <= LongestBridge)
-        for (Long i = 0; i < samples; ++i)
-            Put(held_);
-    else
-        FillWithLost(writeIndex_ + samples);
+    toCorrect_ = static_cast<Long>(Round(wrong));
+    if (toCorrect_ > LongestCorrection) { // lost on the way, without a word from the monitor
+        corrected_ += toCorrect_;
+        FillWithLost(writeIndex_ + toCorrect_);
+        toCorrect_ = 0;
+        return;
+    }
+    constexpr Long SamplesOfAWindow = TimeWindow / 1000 * SamplesPerSecond;
+    spacing_ = std::max<Long>(1, SamplesOfAWindow / 2 / std::abs(toCorrect_));
 }
 
 void LiveChannel::StoreIntervals(Long second) {
@@ -157,7 +181,7 @@ void LiveChannel::StoreIntervals(Long second) {
     }
 }
 
-std::optional<double> LiveChannel::NewBeat() {
+std::optional<LiveChannel::LampBeat> LiveChannel::NewBeat() {
     const auto beat = newBeat_;
     newBeat_.reset();
     return beat;

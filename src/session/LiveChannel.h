@@ -38,9 +38,9 @@ public:
     /// Writes samples of 0 up to `end` samples in all: there is no monitor to ask.
     void FillWithZeros(Long end);
 
-    /// Compares the samples written with the clock, which has `byClock` by now, and every ten seconds puts
-    /// in or leaves out what the monitor's own clock has made too few or too many of. Milliseconds `now` are
-    /// the session's.
+    /// Compares the samples written with the clock, which has `byClock` by now. What the monitor's own clock
+    /// has made too few or too many of in ten seconds is put in or left out, one by one, in the next ten.
+    /// Milliseconds `now` are the session's.
     void KeepTime(Long now, double byClock);
 
     /// By how many samples the channel runs behind the clock when all is well.
@@ -49,8 +49,13 @@ public:
     /// Stores the intervals up to `second`, those before it anew where they have changed.
     void StoreIntervals(Long second);
 
-    /// Time of the newest beat in the session, s, if one has been found since the last call.
-    std::optional<double> NewBeat();
+    /// A beat as the lamp wants it.
+    struct LampBeat {
+        double Time; ///< in the session, s
+        bool Prompt; ///< found as it came, not by searching back nor while the levels were learnt
+    };
+    /// The newest beat, if one has been found since the last call.
+    std::optional<LampBeat> NewBeat();
 
     /// Whether more than half of a second's samples are lost.
     bool SecondLost(Long second) const;
@@ -59,7 +64,8 @@ private:
     void CatchUpWithWriteIndex();
     void Put(float sample);
     void Analyse(float sample);
-    void CloseTimeWindow(Long now);
+    void PutInTime(float sample);
+    void CloseTimeWindow();
 
     EcgBuffer& ecg_;
     SecondsBuffer& ibi_;
@@ -73,18 +79,22 @@ private:
     BeatDetector detector_;
     IntervalSeries intervals_;
     SignalQuality signal_;
-    std::optional<double> newBeat_;
+    std::optional<LampBeat> newBeat_;
     std::array<std::uint8_t, EcgBufferSize / SamplesPerSecond + 2> lostOfSecond_{};
     Long analysed_ = 0; // samples that the search for beats has seen, from the session's start on
     Long base_ = 0;     // samples before its first one
     float held_ = 0;    // last sample that was not lost
     int lostRun_ = 0;   // lost samples since
 
+    std::optional<Long> connectedAt_; // session time of the first samples, ms
     Long windowStart_ = 0;
     double leastLag_ = 0;
     bool windowOpen_ = false;
     std::optional<double> usualLag_;
-    Long toDrop_ = 0;
+    Long corrected_ = 0; // samples put in less those left out since the monitor was connected
+    Long toCorrect_ = 0; // still to be put in, or if negative to be left out
+    Long spacing_ = 1;   // samples from one correction to the next
+    Long sinceCorrection_ = 0;
 };
 
 extern LiveChannel LiveChannelA, LiveChannelB;

@@ -74,7 +74,7 @@ void SetStartValues() {
     LastOpenFolder.clear();
     LastSaveFolder.clear();
     SessionsFolder.clear();
-    MonitorName = "Select your ECG monitor";
+    MonitorName = NoMonitorYet;
     LastFileResult = FileSuccess;
 
     SessionInfo.fill({});

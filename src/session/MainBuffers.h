@@ -90,7 +90,9 @@ extern std::string LastOpenFolder;  ///< start point of the open dialog: a folde
 extern std::string LastSaveFolder;  ///< start point of the save dialog: a folder or the last file chosen
 extern std::string SessionsFolder;  ///< the Sessions folder of the program's folder
 extern std::string MonitorName;     ///< chosen ECG monitor; start "Select your ECG monitor"
-extern Integer LastFileResult;      ///< 999 after a success, else the number of the failure; start 999
+/// `MonitorName` while none is chosen.
+inline constexpr const char* NoMonitorYet = "Select your ECG monitor";
+extern Integer LastFileResult; ///< 999 after a success, else the number of the failure; start 999
 
 inline constexpr Integer FileSuccess = 999;
 

@@ -53,6 +53,8 @@ void ContinueSession() {
         WriteIndexB += PauseGapSeconds * SamplesPerSecond;
     }
     NextSecondDue = Later(NextSecondDue, 1000);
+    if (JournalName().empty()) // it went when the session was saved in its pause
+        BeginJournal();
 }
 
 void ShowThatItRuns() {

@@ -45,12 +45,12 @@ void FillIntervals(SecondsBuffer& ibi, const std::vector<float>& intervals, Long
 void FillBuffers(const JournalContent& content) {
     ResetSessionBuffers();
     SessionSeconds = std::min(JournalSeconds(content), LongestSession);
-    ChannelMode = content.Head.Mode;
-    ChannelBPresent = ToBoolean(content.Head.ChannelB);
+    ChannelBPresent = ToBoolean(!content.EcgB.empty());
+    ChannelMode = ChannelBPresent == Off && content.Head.Mode == 1 ? Integer{2} : content.Head.Mode;
     SessionInfo = content.Head.Info;
     FillSamples(EcgA, content.EcgA, SessionSeconds);
     FillIntervals(IbiA, content.IbiA, SessionSeconds);
-    if (!content.Head.ChannelB)
+    if (ChannelBPresent == Off)
         return;
     FillSamples(EcgB, content.EcgB, SessionSeconds);
     FillIntervals(IbiB, content.IbiB, SessionSeconds);
@@ -98,7 +98,7 @@ std::vector<LeftRecording> LeftRecordings() {
             files.Remove(whole);
         else if (failure == 0)
             found.push_back({whole, content.Head.Date, content.Head.Time, content.Head.Monitor, seconds,
-                             content.Head.ChannelB});
+                             !content.EcgB.empty()});
     }
     return found;
 }

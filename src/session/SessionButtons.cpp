@@ -36,6 +36,11 @@ void DrawRecordLamp() {
         picStartSmp.Frame = RecordFrame(lit ? RecordFramesPerScheme : 1);
 }
 
+bool RecordButtonLifted() {
+    return TrainingActive == Off && (picStartSmp.Frame == RecordFrame(RecordHover) ||
+                                     picStartSmp.Frame == RecordFrame(RecordRunningHover));
+}
+
 void HoverRecordButton(bool over) {
     DrawRecordLamp();
     if (over)

@@ -18,6 +18,9 @@ void HoverSessionButton(PictureButton& button, bool over);
 /// each beat starts.
 void DrawRecordLamp();
 
+/// Whether the record button shows its highlight.
+bool RecordButtonLifted();
+
 /// The pointer comes over `picStartSmp`, or leaves it: its highlight differs between a recording that runs
 /// and none.
 void HoverRecordButton(bool over);

@@ -91,7 +91,7 @@ void ShowModulesTick() {
         picModule[i].Visible = PanelVisible[i];
     timPrintFirst.Enabled = true;
     OpenMidiOutputAtStart();
-    if (MonitorName == "Select your ECG monitor" && SessionSeconds < 1)
+    if (MonitorName == NoMonitorYet && DryTesting == Off && SessionSeconds < 1)
         ShowStatus(LanguageText(TextNoMonitorChosen));
 }
 

@@ -112,7 +112,6 @@ TopBar::TopBar(QWidget* parent)
 
 void TopBar::Retranslate() {
     record_->setAccessibleName(Text(TextRecordButton));
-    record_->setToolTip(TipLines(Text(TextRecordButtonTip)));
     replay_->setAccessibleName(Text(TextReplayButton));
     replay_->setToolTip(TipLines(Text(TextReplayButtonTip)));
     stop_->setAccessibleName(Text(TextStopButton));
@@ -217,9 +216,11 @@ void TopBar::LayOutRight() {
 }
 
 void TopBar::Mirror() {
-    const bool mayRecord = SessionRunning != Off || (!SessionBusy() && TrainingActive == Off);
-    record_->SetState(mayRecord, SessionRunning != Off, false);
+    record_->SetState(TrainingActive == Off || SessionRunning != Off, SessionRunning != Off,
+                      RecordButtonLifted());
     record_->SetLamp(timLedBlink.Enabled, ConnectionLost != Off);
+    const bool chosen = MonitorName != NoMonitorYet || DryTesting != Off;
+    record_->setToolTip(TipLines(Text(chosen ? TextRecordButtonTip : TextRecordButtonOffTip)));
     const bool running = picReplay.Frame == FrameReplayRunning || picReplay.Frame == FrameReplayRunningHover;
     const bool replayLifted =
         picReplay.Frame == FrameReplayHover || picReplay.Frame == FrameReplayRunningHover;
@@ -250,16 +251,17 @@ void TopBar::Mirror() {
     }
     for (std::size_t i = 0; i < qsEntries_.size(); ++i)
         qsEntries_[i]->SetInk(ToQColor(labQSMenu[i].ForeColour), labQSMenu[i].ForeColour == 0);
-    const QString dryTesting = QString::fromStdString(labDryTesting.Caption);
+    const QString signText = QString::fromStdString(labDryTesting.Caption);
+    signInk_ = labDryTesting.ForeColour;
     const QString clock = ClockText(second);
     const QString length =
         SessionSeconds > 0 ? Text(TextClockOf) + " " + ClockText(SessionSeconds) : QString();
-    if (clock == clock_ && length == length_ && chips == chips_ && sameEntries && dryTesting == dryTesting_)
+    if (clock == clock_ && length == length_ && chips == chips_ && sameEntries && signText == sign_)
         return;
     clock_ = clock;
     length_ = length;
     chips_ = chips;
-    dryTesting_ = dryTesting;
+    sign_ = signText;
     LayOut();
     progress_ = SessionSeconds > 0 ? static_cast<double>(second) / SessionSeconds : 0;
     setAccessibleDescription(Text(TextClockName) + " " + clock_ + " " + length_);
@@ -329,19 +331,20 @@ void TopBar::PaintChips(QPainter& painter) const {
         PaintDivider(painter, right - DividerRoom / 2.0 + 8, height());
 }
 
-// Its colours are pure ones, which no bar carries: it stands on black.
-void TopBar::PaintDryTesting(QPainter& painter) const {
+// That nobody is connected on purpose. The colours are pure ones, which no bar carries: the sign stands on
+// black.
+void TopBar::PaintSign(QPainter& painter) const {
     const double left = clockLeft_ + std::max(progressWidth_, ClockWidth) + 16;
     painter.setFont(TextFont(12, 500));
-    const int wide = painter.fontMetrics().horizontalAdvance(dryTesting_);
+    const int wide = painter.fontMetrics().horizontalAdvance(sign_);
     const QRectF plate(left, height() / 2.0 - 12, wide + 16, 24);
-    if (dryTesting_.isEmpty() || plate.right() + 8 > qsEntries_[0]->x())
+    if (sign_.isEmpty() || plate.right() + 8 > qsEntries_[0]->x())
         return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::black);
     painter.drawRoundedRect(plate, 4, 4);
-    painter.setPen(ToQColor(labDryTesting.ForeColour));
-    painter.drawText(plate, Qt::AlignCenter, dryTesting_);
+    painter.setPen(ToQColor(signInk_));
+    painter.drawText(plate, Qt::AlignCenter, sign_);
 }
 
 void TopBar::paintEvent(QPaintEvent* /*event*/) {
@@ -362,7 +365,7 @@ void TopBar::paintEvent(QPaintEvent* /*event*/) {
     PaintDivider(painter, dividerLeft_, height());
     if (ClockFits())
         PaintClock(painter);
-    PaintDryTesting(painter);
+    PaintSign(painter);
     PaintChips(painter);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Colour.h"
 #include "quickscan/QuickScan.h"
 #include "workspace/Icons.h"
 
@@ -64,7 +65,7 @@ private:
     int ChipWidth(const Chip& chip) const;
     /// What the light of the chip at that place says; empty beside the chips.
     QString ChipTipAt(int x) const;
-    void PaintDryTesting(QPainter& painter) const;
+    void PaintSign(QPainter& painter) const;
     void PaintClock(QPainter& painter) const;
     void PaintChips(QPainter& painter) const;
 
@@ -84,7 +85,8 @@ private:
     QString length_;
     double progress_ = 0;
     QList<Chip> chips_;
-    QString dryTesting_;
+    QString sign_; // in words, beside the clock
+    Colour signInk_ = 0;
 };
 
 } // namespace pulselark

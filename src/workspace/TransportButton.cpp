@@ -1,6 +1,5 @@
 #include "workspace/TransportButton.h"
 
-#include "session/Replay.h"
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 
@@ -119,7 +118,7 @@ void TransportButton::keyPressEvent(QKeyEvent* event) {
         event->ignore(); // the window has a use for it
         return;
     }
-    emit ReleasedWith(icon_ == Icon::Record ? LeftButton : RightButton);
+    emit ReleasedWith(keyButton_);
 }
 
 void TransportButton::enterEvent(QEnterEvent* /*event*/) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/Replay.h"
 #include "workspace/Icons.h"
 
 #include <QAbstractButton>
@@ -14,14 +15,15 @@ public:
     TransportButton(const char* name, Icon icon, QWidget* parent);
 
     void SetDiameter(int diameter);
+    /// What the keyboard stands for; at first the right button: normal speed.
+    void SetKeyButton(MouseButton button) { keyButton_ = button; }
     /// Available: can be pressed. Running: what the button starts is under way. Lifted: under the pointer.
     void SetState(bool available, bool running, bool lifted);
     /// The lamp of the record button: its ring lights at a beat, and is grey while no monitor answers.
     void SetLamp(bool beat, bool silent);
 
 signals:
-    /// Released with the left (1) or right (2) mouse button, or by the keyboard: replay at normal speed (2),
-    /// the record button as by the left one.
+    /// Released with the left (1) or right (2) mouse button, or by the keyboard.
     void ReleasedWith(int mouseButton);
     void PressedDown();
     /// The pointer comes over the button, or leaves it.
@@ -45,6 +47,7 @@ private:
     bool pressed_ = false;
     bool beat_ = false;
     bool silent_ = false;
+    MouseButton keyButton_ = RightButton;
 };
 
 } // namespace pulselark

@@ -1,5 +1,10 @@
 #include "workspace/WindowPlatform.h"
 
+#include "persistence/ConfigFolder.h"
+#include "persistence/LiveRecordFile.h"
+#include "platform/monitors/DeviceMonitors.h"
+#include "platform/monitors/StandardMonitors.h"
+#include "session/MonitorChoice.h"
 #include "workspace/Texts.h"
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
@@ -64,17 +69,26 @@ QString TitleOf(int text) {
 } // namespace
 
 WindowPlatform::WindowPlatform()
-    : platform_{.Clock = clock_,
-                .Files = files_,
-                .FileDialogs = *this,
-                .Messages = *this,
-                .MessageLoop = *this,
-                .Progress = *this,
-                .PartnerTransport = partners_,
-                .ProgramLauncher = programs_,
-                .MidiOutput = midi_,
-                .MediaControl = music_,
-                .PagePrinter = printer_} {
+    : monitors_(files_, [] { return InConfigFolder("monitors.ini"); }), platform_{
+                                                                            .Clock = clock_,
+                                                                            .Files = files_,
+                                                                            .FileDialogs = *this,
+                                                                            .Messages = *this,
+                                                                            .MessageLoop = *this,
+                                                                            .Progress = *this,
+                                                                            .PartnerTransport = partners_,
+                                                                            .ProgramLauncher = programs_,
+                                                                            .MidiOutput = midi_,
+                                                                            .MediaControl = music_,
+                                                                            .PagePrinter = printer_,
+                                                                            .EcgMonitors = monitors_} {
+    const MonitorSurroundings surroundings{.Clock = clock_,
+                                           .Words = &TextOfMonitorWord,
+                                           .ReadRecord = [](const std::string& file, LiveRecord& record) {
+                                               return ReadLiveRecord(file, record).Number == 0;
+                                           }};
+    AddStandardMonitors(monitors_, surroundings);
+    AddDeviceMonitors(monitors_, surroundings);
     InstallPlatform(platform_);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/audio/MixerMediaControl.h"
 #include "platform/link/SocketTransport.h"
 #include "platform/midi/SystemMidiOutput.h"
+#include "platform/monitors/SystemMonitors.h"
 #include "platform/qt/QtPagePrinter.h"
 #include "platform/system/SystemClock.h"
 #include "platform/system/SystemFiles.h"
@@ -49,6 +50,7 @@ private:
     SystemMidiOutput midi_;
     MixerMediaControl music_;
     QtPagePrinter printer_;
+    SystemMonitors monitors_;
     Platform platform_;
     bool unattended_ = false;
     QPointer<QWidget> owner_;

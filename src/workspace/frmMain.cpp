@@ -192,6 +192,13 @@ void frmMain::ConnectTransport() {
         connect(button, &TransportButton::Hovered, this,
                 [this, &picture](bool over) { Do([&] { HoverSessionButton(picture, over); }); });
     };
+    TransportButton* record = topBar_->RecordButton();
+    record->SetKeyButton(LeftButton);
+    connect(record, &TransportButton::Hovered, this,
+            [this](bool over) { Do([over] { HoverRecordButton(over); }); });
+    connect(record, &TransportButton::ReleasedWith, this, [this](int button) {
+        Do([button] { ReleaseRecordButton(button == LeftButton ? LeftButton : RightButton); });
+    });
     TransportButton* replay = topBar_->ReplayButton();
     TransportButton* stop = topBar_->StopButton();
     connectHover(replay, picReplay);
@@ -199,11 +206,6 @@ void frmMain::ConnectTransport() {
     connect(replay, &TransportButton::ReleasedWith, this, [this](int button) {
         Do([button] { ReleaseReplayButton(button == LeftButton ? LeftButton : RightButton); });
     });
-    connect(topBar_->RecordButton(), &TransportButton::ReleasedWith, this, [this](int button) {
-        Do([button] { ReleaseRecordButton(button == LeftButton ? LeftButton : RightButton); });
-    });
-    connect(topBar_->RecordButton(), &TransportButton::Hovered, this,
-            [this](bool over) { Do([over] { HoverRecordButton(over); }); });
     connect(stop, &TransportButton::PressedDown, this, [this] { Do(&PressStopButton); });
     connect(stop, &TransportButton::ReleasedWith, this, [this] { Do(&ReleaseStopButton); });
 }

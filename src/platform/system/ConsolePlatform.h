@@ -12,17 +12,11 @@ namespace pulselark {
 class ConsolePlatform final : public FileDialogs, public Messages, public MessageLoop, public Progress {
 public:
     explicit ConsolePlatform(class MidiOutput& midiOutput = NoMidiOutput())
-        : platform_{.Clock = clock_,
-                    .Files = files_,
-                    .FileDialogs = *this,
-                    .Messages = *this,
-                    .MessageLoop = *this,
-                    .Progress = *this,
-                    .PartnerTransport = partners_,
-                    .ProgramLauncher = programs_,
-                    .MidiOutput = midiOutput} {
-        InstallPlatform(platform_);
-    }
+        : ConsolePlatform(nullptr, midiOutput, NoEcgMonitors()) {}
+
+    /// With ECG monitors, and on another clock if there is one.
+    ConsolePlatform(class Clock* clock, class EcgMonitors& monitors)
+        : ConsolePlatform(clock, NoMidiOutput(), monitors) {}
 
     std::optional<std::string> ChooseFileToOpen(const std::string& /*start*/,
                                                 const std::string& /*filter*/) override {
@@ -41,6 +35,20 @@ public:
     void Hide() override {}
 
 private:
+    ConsolePlatform(class Clock* clock, class MidiOutput& midiOutput, class EcgMonitors& monitors)
+        : platform_{.Clock = clock != nullptr ? *clock : clock_,
+                    .Files = files_,
+                    .FileDialogs = *this,
+                    .Messages = *this,
+                    .MessageLoop = *this,
+                    .Progress = *this,
+                    .PartnerTransport = partners_,
+                    .ProgramLauncher = programs_,
+                    .MidiOutput = midiOutput,
+                    .EcgMonitors = monitors} {
+        InstallPlatform(platform_);
+    }
+
     SystemClock clock_;
     SystemFiles files_;
     NoPartners partners_;
