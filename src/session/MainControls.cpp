@@ -31,6 +31,7 @@ Timer timPrintFirst{"timPrintFirst", 618};
 Timer timQS{"timQS", 100};
 Timer timSoundsOff{"timSoundsOff", 2500};
 Timer timFadeOut{"timFadeOut", 250};
+Timer timNA{"timNA", 1500};
 Timer timManualCloseScenery{"timManualCloseScenery", 5000};
 Timer timRestoreGameFirst{"timRestoreGameFirst", 2000};
 Timer timStopScrollGame{"timStopScrollGame", 1500};
@@ -64,7 +65,8 @@ constexpr std::array AllTimers{&timReplay,
                                &timShellExDelayed,
                                &timStartRYB,
                                &timSoundsOff,
-                               &timFadeOut};
+                               &timFadeOut,
+                               &timNA};
 
 } // namespace
 

@@ -9,6 +9,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Monitor.h"
+#include "session/MonitorChoice.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
 
@@ -76,6 +77,7 @@ void InstallTimerHandlers() {
     InstallMusicTimers();
     InstallSceneryTimers();
     InstallToolTimers();
+    InstallChooserTimer();
 }
 
 } // namespace pulselark

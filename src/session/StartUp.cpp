@@ -25,6 +25,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
+#include "session/MonitorChoice.h"
 #include "session/RedrawPanels.h"
 #include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
@@ -40,6 +41,7 @@ namespace {
 // Stage 3 waits this long, whatever its timer was made with.
 constexpr Long ShowModulesInterval = 2000;
 bool stagesWait = true;
+bool userIsThere = true;
 
 void SetDisplayDefaults() {
     ColourSchemeIndex = 0;
@@ -88,8 +90,12 @@ void ShowModulesTick() {
         picModule[i].Visible = PanelVisible[i];
     timPrintFirst.Enabled = true;
     OpenMidiOutputAtStart();
-    if (MonitorName == "Select your ECG monitor" && SessionSeconds < 1)
+    if (MonitorName != NoMonitor)
+        return;
+    if (SessionSeconds < 1)
         ShowStatus(LanguageText(TextNoMonitorChosen));
+    if (userIsThere)
+        OpenMonitorChooser();
 }
 
 } // namespace
@@ -108,6 +114,7 @@ void InitApplication(bool readSettings) {
     ResetMidiOutput();
     ResetMidiSwitches();
     ResetSoundTester();
+    ResetMonitorChooser();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;
@@ -132,6 +139,7 @@ void InitApplication(bool readSettings) {
 
 void BeginStartUp(bool waiting) {
     stagesWait = waiting;
+    userIsThere = true;
     timStartUp.Interval = waiting ? 100 : 1;
     timPrintFirst.Interval = waiting ? 618 : 1;
     timABMode.Interval = waiting ? 750 : 1;
@@ -140,6 +148,7 @@ void BeginStartUp(bool waiting) {
 
 void FinishStartUp() {
     stagesWait = false;
+    userIsThere = false;
     StartUpTick();
     ShowModulesTick();
     timPrintFirst.Enabled = false;

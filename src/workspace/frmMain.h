@@ -25,6 +25,7 @@ class frmAbout_new;
 class frmLanguage;
 class frmODS;
 class frmReport;
+class frmSelectDSU;
 class frmSettings;
 class frmUserGuide;
 
@@ -68,6 +69,7 @@ private:
     void LayOut();
     void ShowSettings();
     void ShowSnapshot();
+    void MirrorChooser();
     void OpenWaitingFile();
     void PlaceModules(bool redraw);
     void CancelDrag();
@@ -89,6 +91,7 @@ private:
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;
     QPointer<frmReport> report_;
+    QPointer<frmSelectDSU> chooser_;
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;
