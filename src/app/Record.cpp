@@ -164,7 +164,11 @@ int RunRecord(Arguments arguments, const RecordWorld& world) {
     RecordClock clock(options->Fast);
     SystemFiles files;
     SystemMonitors monitors(files, [] { return std::string(); });
-    world.AddMonitors(monitors, {.Clock = clock, .Words = &TextOfMonitorWord, .ReadRecord = &ReadForReplay});
+    world.AddMonitors(monitors, {.Clock = clock,
+                                 .Words = &TextOfMonitorWord,
+                                 .ReadRecord = &ReadForReplay,
+                                 .SerialPort = SerialPort,
+                                 .TellPortRefused = &TellPortRefused});
     const ConsolePlatform platform(&clock, monitors);
     SetProgramFolder(FindProgramFolder());
     InitApplication(false);

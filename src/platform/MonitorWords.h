@@ -19,8 +19,18 @@ enum class MonitorWord {
     StrapSought,     ///< no strap has answered yet
     StrapWithoutEcg, ///< the strap answers and has no raw ECG
     DriverRefused,   ///< the driver does not open its monitor and gives no reason
+
+    // States that a driver reports by number, from 0 on, and its version, which follows.
+    StateOk,
+    StateWaiting,
+    StateInitialising,
+    StatePaused,
+    StateEndOfMemory,
+    StateMemoryFailure,
+    StatePortFailure,
+    Version,
 };
-inline constexpr int MonitorWordCount = static_cast<int>(MonitorWord::DriverRefused) + 1;
+inline constexpr int MonitorWordCount = static_cast<int>(MonitorWord::Version) + 1;
 
 /// The word in the language of the user.
 using MonitorWords = std::string (*)(MonitorWord);

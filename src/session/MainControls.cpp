@@ -33,6 +33,7 @@ Timer timQS{"timQS", 100};
 Timer timSoundsOff{"timSoundsOff", 2500};
 Timer timFadeOut{"timFadeOut", 250};
 Timer timTellJournal{"timTellJournal", 1};
+Timer timNA{"timNA", 1500};
 Timer timManualCloseScenery{"timManualCloseScenery", 5000};
 Timer timRestoreGameFirst{"timRestoreGameFirst", 2000};
 Timer timStopScrollGame{"timStopScrollGame", 1500};
@@ -67,7 +68,8 @@ constexpr std::array AllTimers{&timReplay,
                                &timStartRYB,
                                &timSoundsOff,
                                &timFadeOut,
-                               &timTellJournal};
+                               &timTellJournal,
+                               &timNA};
 
 } // namespace
 

@@ -71,6 +71,8 @@ extern Timer timSoundsOff;          ///< ends the sound of a test
 extern Timer timFadeOut;            ///< lets the music die away
 extern Timer timTellJournal;        ///< tells of a journal that cannot be written
 
+extern Timer timNA; ///< ends the chooser's word that a monitor is not available
+
 // Timers of the partner programs, each of which runs once.
 extern Timer timManualCloseScenery; ///< the scenery should be there by now
 extern Timer timRestoreGameFirst;   ///< ends the notice that the scenery has to be restored first

@@ -11,6 +11,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Monitor.h"
+#include "session/MonitorChoice.h"
 #include "session/Recovery.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
@@ -89,6 +90,7 @@ void InstallTimerHandlers() {
     InstallMusicTimers();
     InstallSceneryTimers();
     InstallToolTimers();
+    InstallChooserTimer();
 }
 
 } // namespace pulselark

@@ -14,6 +14,7 @@
 #include "session/Layout.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/MonitorChoice.h"
 #include "session/PanelSurfaces.h"
 #include "session/RedrawPanels.h"
 #include "session/Settings.h"
@@ -166,6 +167,8 @@ void RunSettingAction(int index) {
         DefaultLayout();
     if (index == ActionChannelSelect)
         StepChannelMode();
+    if (index == ActionSelectMonitor)
+        OpenMonitorChooser();
 }
 
 std::string SettingActionCaption(int index) {

@@ -33,7 +33,7 @@ enum SettingAction : int {
     ActionDefaultLayout,
     ActionSelectLanguage, ///< the form's own affair
     ActionChannelSelect,
-    ActionSelectMonitor, ///< nothing, as long as there is no monitor to choose
+    ActionSelectMonitor, ///< opens the monitor chooser, but not while a recording runs
 };
 inline constexpr int SettingActionCount = 4;
 

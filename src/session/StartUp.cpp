@@ -28,6 +28,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
+#include "session/MonitorChoice.h"
 #include "session/RedrawPanels.h"
 #include "session/ReportDocument.h"
 #include "session/SessionButtons.h"
@@ -43,6 +44,7 @@ namespace {
 // Stage 3 waits this long, whatever its timer was made with.
 constexpr Long ShowModulesInterval = 2000;
 bool stagesWait = true;
+bool userIsThere = true;
 
 void SetDisplayDefaults() {
     ColourSchemeIndex = 0;
@@ -91,8 +93,12 @@ void ShowModulesTick() {
         picModule[i].Visible = PanelVisible[i];
     timPrintFirst.Enabled = true;
     OpenMidiOutputAtStart();
-    if (MonitorName == NoMonitorYet && DryTesting == Off && SessionSeconds < 1)
+    if (MonitorName != NoMonitorYet || DryTesting != Off)
+        return;
+    if (SessionSeconds < 1)
         ShowStatus(LanguageText(TextNoMonitorChosen));
+    if (userIsThere)
+        OpenMonitorChooser();
 }
 
 } // namespace
@@ -114,6 +120,7 @@ void InitApplication(bool readSettings) {
     ResetConnection();
     ResetJournal();
     ResetDiagnostics();
+    ResetMonitorChooser();
     InstallTimerHandlers();
     timStartUp.Handler = &StartUpTick;
     timShowModules.Handler = &ShowModulesTick;
@@ -138,6 +145,7 @@ void InitApplication(bool readSettings) {
 
 void BeginStartUp(bool waiting) {
     stagesWait = waiting;
+    userIsThere = true;
     timStartUp.Interval = waiting ? 100 : 1;
     timPrintFirst.Interval = waiting ? 618 : 1;
     timABMode.Interval = waiting ? 750 : 1;
@@ -146,6 +154,7 @@ void BeginStartUp(bool waiting) {
 
 void FinishStartUp() {
     stagesWait = false;
+    userIsThere = false;
     StartUpTick();
     ShowModulesTick();
     timPrintFirst.Enabled = false;

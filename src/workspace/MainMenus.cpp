@@ -80,6 +80,7 @@ void MainMenus::BuildFileMenu() {
 
 void MainMenus::BuildToolsMenu() {
     Add(tools_, TextSettings, "labSettings", routines_.Settings)->setShortcut(QKeySequence("Ctrl+,"));
+    monitor_ = Add(tools_, TextActionSelectMonitor, "labSelectMonitor", routines_.MonitorChooser);
     Add(tools_, TextMenuLanguageEditor, "labLanguageEditor", routines_.LanguageEditor);
     Add(tools_, TextMenuSnapshot, "labSnapshot", routines_.Snapshot)->setShortcut(QKeySequence("Ctrl+P"));
     Add(tools_, TextDiagnostics, "labDiagnostics", routines_.Diagnostics)
@@ -120,6 +121,7 @@ void MainMenus::Mirror() {
     export_->setEnabled(!SessionBusy() && SessionSeconds > 0);
     for (QAction* page : {print_, savePage_})
         page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
+    monitor_->setEnabled(SessionRunning == Off);
     training_->setEnabled(!SessionBusy() && SessionRunning == Off);
     training_->setText(Text(TrainingActive != Off ? TextMenuLeaveTraining : TextMenuTraining));
 }

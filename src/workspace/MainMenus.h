@@ -22,6 +22,7 @@ struct MenuRoutines {
     std::function<void()> Exit;
     std::function<void()> Settings;
     std::function<void()> LanguageEditor;
+    std::function<void()> MonitorChooser;
     std::function<void()> Document;
     std::function<void()> Snapshot;
     std::function<void()> Diagnostics;
@@ -69,6 +70,7 @@ private:
     QAction* export_ = nullptr;
     QAction* savePage_ = nullptr;
     QAction* training_ = nullptr;
+    QAction* monitor_ = nullptr;
 };
 
 } // namespace pulselark

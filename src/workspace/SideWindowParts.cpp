@@ -75,8 +75,13 @@ QString TextOr(int item, const char* english) {
 }
 
 QString SideWindowStyle() {
-    return QString("QDialog { background: %1; } QLabel { color: %2; } QLabel[hint=\"true\"] { color: %7; }"
-                   "QPushButton { background: %3; color: %2; border: 1px solid %4; border-radius: 6px;"
+    return QString("QDialog { background: %1; } QLabel { color: %2; } QLabel[hint=\"true\"] { color: %3; }")
+               .arg(FormColour::Paper.name(), FormColour::Ink.name(), FormColour::Hint.name()) +
+           SideControlStyle();
+}
+
+QString SideControlStyle() {
+    return QString("QPushButton { background: %3; color: %2; border: 1px solid %4; border-radius: 6px;"
                    " min-height: 34px; min-width: 56px; padding: 0 16px; outline: none; }"
                    "QPushButton:hover { background: #EEF4F1; } QPushButton:pressed { background: #DDE8E4; }"
                    "QPushButton[main=\"true\"] { background: %5; color: white; border-color: %5; }"

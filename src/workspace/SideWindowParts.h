@@ -37,6 +37,8 @@ QString TextOr(int item, const char* english);
 
 /// Style sheet of a side window: the palette of forms.
 QString SideWindowStyle();
+/// The part of it that is about buttons, fields and lists.
+QString SideControlStyle();
 
 /// A push button that Enter does not press by itself.
 QPushButton* NewSideButton(const char* name, QWidget* parent);

@@ -5,6 +5,7 @@
 #include "platform/monitors/DeviceMonitors.h"
 #include "platform/monitors/StandardMonitors.h"
 #include "session/MonitorChoice.h"
+#include "session/Settings.h"
 #include "workspace/Texts.h"
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
@@ -82,11 +83,13 @@ WindowPlatform::WindowPlatform()
                                                                             .MediaControl = music_,
                                                                             .PagePrinter = printer_,
                                                                             .EcgMonitors = monitors_} {
-    const MonitorSurroundings surroundings{.Clock = clock_,
-                                           .Words = &TextOfMonitorWord,
-                                           .ReadRecord = [](const std::string& file, LiveRecord& record) {
-                                               return ReadLiveRecord(file, record).Number == 0;
-                                           }};
+    const MonitorSurroundings surroundings{
+        .Clock = clock_,
+        .Words = &TextOfMonitorWord,
+        .ReadRecord = [](const std::string& file,
+                         LiveRecord& record) { return ReadLiveRecord(file, record).Number == 0; },
+        .SerialPort = SerialPort,
+        .TellPortRefused = &TellPortRefused};
     AddStandardMonitors(monitors_, surroundings);
     AddDeviceMonitors(monitors_, surroundings);
     InstallPlatform(platform_);

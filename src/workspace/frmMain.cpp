@@ -9,6 +9,7 @@
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/ModulePanels.h"
+#include "session/MonitorChoice.h"
 #include "session/RecordButton.h"
 #include "session/RedrawPanels.h"
 #include "session/Replay.h"
@@ -34,6 +35,7 @@
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
 #include "workspace/frmReport.h"
+#include "workspace/frmSelectDSU.h"
 #include "workspace/frmSettings.h"
 #include "workspace/frmUserGuide.h"
 
@@ -116,6 +118,11 @@ void frmMain::BuildMenus() {
     routines.Exit = [this] { close(); };
     routines.Settings = [this] { ShowSettings(); };
     routines.LanguageEditor = [this] { ShowForm(language_, this, [this] { ApplyLanguage(); }); };
+    routines.MonitorChooser = [this] {
+        Do(&OpenMonitorChooser);
+        if (chooser_ != nullptr)
+            chooser_->raise();
+    };
     routines.Document = [this] {
         ShowForm(report_, this, [this](const std::function<void()>& routine) { Do(routine); });
     };
@@ -140,6 +147,15 @@ void frmMain::ShowSnapshot() {
 void frmMain::ShowSettings() {
     ShowForm(settings_, this,
              SettingsCallbacks{[this] { Mirror(); }, [this] { ApplyLook(); }, [this] { ApplyLanguage(); }});
+}
+
+// The core opens and closes the chooser.
+void frmMain::MirrorChooser() {
+    const bool shown = chooser_ != nullptr && chooser_->isVisible();
+    if (ChooserOpen != Off && !shown)
+        ShowForm(chooser_, this, [this](const std::function<void()>& routine) { Do(routine); });
+    if (chooser_ != nullptr)
+        chooser_->Mirror();
 }
 
 void frmMain::ApplyLanguage() {
@@ -168,6 +184,10 @@ void frmMain::ApplyLanguage() {
         report_->Retranslate();
     if (pictures_ != nullptr)
         pictures_->Retranslate();
+    if (ChooserOpen != Off)
+        OpenMonitorChooser(); // its words anew
+    if (chooser_ != nullptr)
+        chooser_->Retranslate();
     ApplyLook();
     Mirror();
 }
@@ -226,6 +246,7 @@ void frmMain::Mirror() {
         settings_->ShowMarks();
     if (report_ != nullptr && report_->isVisible())
         report_->Mirror();
+    MirrorChooser();
     loading_->setText(QString::fromStdString(labLoading.Caption));
     loading_->setVisible(labLoading.Visible);
     timers_.Sync();

@@ -26,6 +26,7 @@ class frmDiagnostics;
 class frmLanguage;
 class frmODS;
 class frmReport;
+class frmSelectDSU;
 class frmSettings;
 class frmUserGuide;
 
@@ -69,6 +70,7 @@ private:
     void LayOut();
     void ShowSettings();
     void ShowSnapshot();
+    void MirrorChooser();
     void OpenWaitingFile();
     void PlaceModules(bool redraw);
     void CancelDrag();
@@ -91,6 +93,7 @@ private:
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;
     QPointer<frmReport> report_;
+    QPointer<frmSelectDSU> chooser_;
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;

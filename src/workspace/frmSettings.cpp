@@ -163,10 +163,7 @@ void frmSettings::BuildInput(QVBoxLayout* column) {
     card->AddSpace(8);
     card->Add(NewAction(card, ActionChannelSelect));
     card->AddSpace(8);
-    ActionButton* monitor = NewAction(card, ActionSelectMonitor);
-    monitor->setEnabled(false);
-    texts_.append([monitor] { monitor->setToolTip(Text(TextMonitorNotAvailable)); });
-    card->Add(monitor);
+    card->Add(NewAction(card, ActionSelectMonitor));
 }
 
 void frmSettings::BuildBiofeedback(QVBoxLayout* column) {

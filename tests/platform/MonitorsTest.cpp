@@ -4,6 +4,8 @@
 #include "platform/monitors/SimulatedMonitor.h"
 #include "platform/monitors/StandardMonitors.h"
 #include "session/MainBuffers.h"
+#include "session/MonitorChoice.h"
+#include "session/Settings.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
@@ -149,9 +151,12 @@ protected:
     MonitorFiles() {
         AddStandardMonitors(Monitors, {.Clock = Outside.Time,
                                        .Words = &WordNumber,
-                                       .ReadRecord = [](const std::string& file, LiveRecord& record) {
-                                           return ReadLiveRecord(file, record).Number == 0;
-                                       }});
+                                       .ReadRecord =
+                                           [](const std::string& file, LiveRecord& record) {
+                                               return ReadLiveRecord(file, record).Number == 0;
+                                           },
+                                       .SerialPort = SerialPort,
+                                       .TellPortRefused = &TellPortRefused});
     }
 };
 
@@ -207,7 +212,11 @@ TEST_F(MonitorFiles, OptionsAreCheckedKeptAndReadBack) {
     std::string& text = Outside.Disk.Content["/config/monitors.ini"];
     text = "rubbish\r\n[Nobody]\nrate=3\n" + text + "[Simulated ECG]\nbreathing=900\ndepth=11";
     SystemMonitors second(Outside.Disk, [] { return std::string("/config/monitors.ini"); });
-    AddStandardMonitors(second, {.Clock = Outside.Time, .Words = &WordNumber, .ReadRecord = nullptr});
+    AddStandardMonitors(second, {.Clock = Outside.Time,
+                                 .Words = &WordNumber,
+                                 .ReadRecord = nullptr,
+                                 .SerialPort = SerialPort,
+                                 .TellPortRefused = &TellPortRefused});
     const auto value = [&second](const char* name, const char* key) {
         for (const MonitorOption& option : second.Options(name)) {
             if (option.Key == key)
