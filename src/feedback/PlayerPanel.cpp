@@ -98,14 +98,15 @@ void RemoveFromPlayList() {
 }
 
 void PlayOrStop() {
+    const bool stops = Playing != Off || PausedBetweenSongs != Off;
     PlaySource = Off;
-    if (Playing != Off) {
-        StopSong();
+    if (stops) {
+        StopByHand();
     } else if (SelectedSong >= 1) {
         RewindSong();
-        PlayMusic();
-        Playing = ToBoolean(!SongList.at(SelectedSong).empty());
+        Playing = ToBoolean(PlayMusic() && !SongList.at(SelectedSong).empty());
     }
+    ShowCurrentSong();
 }
 
 void ToggleOption(int row) {
@@ -343,7 +344,7 @@ void ClickPlayer(const PlayerZone& zone) {
     switch (zone.What) {
     case Kind::Song:
         SelectedSong = static_cast<Integer>(zone.Row);
-        StopSong();
+        StopByHand();
         break;
     case Kind::ListRow:
         SelectedListRow = static_cast<Integer>(zone.Row);

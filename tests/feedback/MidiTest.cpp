@@ -1,13 +1,16 @@
+#include "feedback/FeedbackModes.h"
 #include "feedback/MIDI_CMD.h"
 #include "feedback/MIDI_OUT.h"
 #include "feedback/MidiChord.h"
 #include "feedback/MidiSwitches.h"
 #include "feedback/SoundTester.h"
+#include "feedback/WMPPlay.h"
 #include "platform/ProgramFolder.h"
 #include "session/AnalysisBuffers.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Replay.h"
+#include "session/ShutDown.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
@@ -100,6 +103,37 @@ TEST_F(Midi, ReplayTicksSoundWhenWantedAndFallSilentAtItsEnd) {
     EXPECT_EQ(Outside.Midi.Silences, 0);
     EndReplay();
     EXPECT_EQ(Outside.Midi.Silences, 1);
+}
+
+TEST_F(Midi, AChordThatIsNotRenewedIsEnded) {
+    MakeSession(20);
+    OpenMidiOutput();
+    MidiInPanels = On;
+    StartReplay(false);
+    Timers.Advance(2000);
+    TrainingActive = On; // where no sound is wanted
+    Timers.Advance(3000);
+    EXPECT_EQ(Outside.Midi.Silences, 1);
+    TrainingActive = Off;
+    Timers.Advance(1000);
+    SelectFeedbackMode(0, true); // the click that ends the replay
+    EXPECT_FALSE(timReplay.Enabled);
+    EXPECT_EQ(Outside.Midi.Silences, 2);
+}
+
+// From outside there is nobody to ask, whatever the program is at.
+TEST_F(Midi, AnEndBySignalLeavesNothingSounding) {
+    MakeSession(20);
+    SessionUnsaved = LoadingSession = DialogOpen = On;
+    OpenMidiOutput();
+    MidiInPanels = On;
+    PlayMusic();
+    EndProgram();
+    EXPECT_GE(Outside.Midi.Silences, 1);
+    EXPECT_EQ(Outside.Midi.Closes, 1);
+    EXPECT_FALSE(Outside.Player.Runs);
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
+    EXPECT_TRUE(Outside.Disk.Content.contains("config/app.oms"));
 }
 
 TEST_F(Midi, DevicesThatCannotBeAskedAreLeftOut) {
