@@ -153,6 +153,21 @@ TEST_F(Midi, DevicesThatCannotBeAskedAreLeftOut) {
     EXPECT_EQ(Outside.Boxes.Shown[0].Text, "failed 57");
 }
 
+TEST_F(Midi, AChosenDeviceStaysChosenWhereverItStands) {
+    ChooseMidiDevice(2);
+    Outside.Midi.Names = {"drum", "piano", "organ", "harp"};
+    RefreshMidiDevices();
+    EXPECT_EQ(lstMidiDevice[static_cast<std::size_t>(MidiDeviceIndex)].Name, "organ");
+    Outside.Midi.Names = {"drum"}; // unplugged
+    RefreshMidiDevices();
+    EXPECT_EQ(MidiDeviceIndex, -1);
+    ToggleMidiPanels();
+    EXPECT_EQ(MidiInPanels, Off);
+    ChooseMidiDevice(0);
+    RefreshMidiDevices();
+    EXPECT_EQ(MidiDeviceIndex, 0);
+}
+
 TEST_F(Midi, TheSwitchOpensTheOutputAndSoundsATest) {
     ToggleMidiPanels();
     EXPECT_EQ(MidiInPanels, On);
