@@ -26,6 +26,7 @@ class Midi : public SessionTest {
 protected:
     Midi() {
         ResetMidiOutput();
+        ResetMidiChord();
         ResetMidiSwitches();
         ResetSoundTester();
         Outside.Midi.Names = {"piano", "", "organ"};

@@ -35,8 +35,9 @@ BEFORE_NOTES = [word(144, 50, 1)] + [word(176 + channel, number, 0)
                                      for channel in (0, 1) for number in (120, 123)]
 
 
-def peaks_and_averages(path, averaging):
-    """For each replayed second: index of the coherence peak, and the average one second past it."""
+def replay(path, averaging):
+    """The series that the scores are made of, as training.py has them, and for each replayed second
+    the index of the coherence peak and the average of coherence one second past it."""
     seconds, _, ibi_a, _, ecg_a, ecg_b = analyse.read_session(path)
     window = [0.0] * analyse.SPECTRUM_LENGTH
     a = analyse.Channel(window, ecg_a, ibi_a, coherence_lowest=2)
@@ -51,10 +52,12 @@ def peaks_and_averages(path, averaging):
         calculate(second)
     for second in range(1, seconds + 1):
         a.smooth(second, averaging)
+    rows = []
     for second in range(1, seconds):
         calculate(second)
         a.smooth(second, averaging)
-        yield second, a.peak_index, a.coherence_avg[second + 1]
+        rows.append((second, a.peak_index, a.coherence_avg[second + 1]))
+    return (seconds, a.coherence, a.ibi_avg), rows
 
 
 def chord(peak, loudness):
@@ -66,13 +69,12 @@ def chord(peak, loudness):
         yield word(144 + channel, note, round(loudness * share))
 
 
-def expected(path, averaging, mode, interval):
+def expected(series, rows, mode, interval):
     """For each replayed second: its words."""
     indexes = {}
     if mode == "3":
-        series = training.replayed_series(path, averaging)
         indexes = {second: index for second, _, index, _ in training.expected(*series, 3, interval)}
-    for second, peak, average in peaks_and_averages(path, averaging):
+    for second, peak, average in rows:
         if mode in ("0", "1"):
             yield second, []
             continue
@@ -109,11 +111,11 @@ def main():
     parser.add_argument("traces", nargs="+", metavar="MODE:INTERVAL:TRACE")
     parser.add_argument("--averaging", type=int, default=0, metavar="N")
     arguments = parser.parse_args()
+    series, rows = replay(arguments.session, arguments.averaging)
     failed = False
     for trace in arguments.traces:
         mode, interval, path = trace.split(":", 2)
-        wanted = expected(arguments.session, arguments.averaging, mode, int(interval))
-        found = list(differences(wanted, read_trace(path)))
+        found = list(differences(expected(series, rows, mode, int(interval)), read_trace(path)))
         for text in found[:training.FIRST_FEW]:
             print("mode %s, interval %s: %s" % (mode, interval, text))
         failed = failed or bool(found)
