@@ -2,6 +2,7 @@
 
 #include "feedback/MIDI_OUT.h"
 #include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "persistence/DropSession.h"
@@ -32,6 +33,17 @@ void EndRecording() {
     RefreshSessionButtons(true);
 }
 
+void FinishProgram() {
+    timReplay.Enabled = false;
+    SilenceMidi();
+    MidiClose();
+    StopMusicAtOnce();
+    SaveTrainingSettings();
+    SaveAppSettings();
+    if (TrainingActive == Off)
+        SaveConfig(PreviousConfig);
+}
+
 } // namespace
 
 bool ExitProgram() {
@@ -41,14 +53,15 @@ bool ExitProgram() {
     EndRecording();
     if (!MayDropSession(TextSaveBeforeExit))
         return false;
-    timReplay.Enabled = false;
-    SilenceMidi();
-    MidiClose();
-    SaveTrainingSettings();
-    SaveAppSettings();
-    if (TrainingActive == Off)
-        SaveConfig(PreviousConfig);
+    FinishProgram();
     return true;
+}
+
+void EndProgram() {
+    SilenceMidi();
+    TellPartners();
+    EndRecording();
+    FinishProgram();
 }
 
 } // namespace pulselark

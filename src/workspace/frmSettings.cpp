@@ -386,6 +386,7 @@ void frmSettings::ShowSound() {
 }
 
 void frmSettings::Retranslate() {
+    RefreshMidiDevices();
     SetTitle(Text(TextSettings));
     for (const auto& text : texts_)
         text();
@@ -394,6 +395,7 @@ void frmSettings::Retranslate() {
 }
 
 void frmSettings::showEvent(QShowEvent* event) {
+    RefreshMidiDevices();
     ShowMarks();
     FitToScreen();
     FormWindow::showEvent(event);
