@@ -3,11 +3,13 @@
 #include "BenchSession.h"
 #include "Figures.h"
 #include "RatioTable.h"
+#include "SoundBench.h"
 #include "platform/system/ConsolePlatform.h"
 
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace pulselark;
@@ -28,8 +30,12 @@ int main(int argc, char** argv) {
         const ConsolePlatform platform;
         const BenchSession session;
         RegisterFigures(session);
+        RegisterSound();
         std::printf("%s\n", session.FileName().c_str());
-        RatioTable table(FigureRows());
+        std::vector<RatioRow> rows = FigureRows();
+        const std::vector<RatioRow> sound = SoundRows();
+        rows.insert(rows.end(), sound.begin(), sound.end());
+        RatioTable table(std::move(rows));
         benchmark::RunSpecifiedBenchmarks(&table);
         return table.Failed() ? 1 : 0;
     } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 #include "app/RunWindow.h"
 
 #include "app/Commands.h"
+#include "app/EndSignals.h"
 #include "app/EventTrace.h"
 #include "app/WindowStart.h"
 #include "images/BackgroundPicture.h"
@@ -13,6 +14,7 @@
 #include "session/ModulePanels.h"
 #include "session/Replay.h"
 #include "session/Settings.h"
+#include "session/ShutDown.h"
 #include "session/StartUp.h"
 #include "workspace/Motion.h"
 #include "workspace/WindowPlatform.h"
@@ -127,6 +129,11 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
         window.Mirror();
         return RunFullSpeed(window, options);
     }
+    const EndSignals ends([](int number) {
+        constexpr int EndedBySignal = 128; // what a shell makes of it
+        EndProgram();
+        QApplication::exit(EndedBySignal + number);
+    });
     if (ShortcutDone == Off)
         ShortcutDone = ToBoolean(CreateDesktopShortcut() == 0);
     frmAbout_new splash(nullptr, options.Version.c_str());

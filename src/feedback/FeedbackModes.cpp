@@ -1,5 +1,6 @@
 #include "feedback/FeedbackModes.h"
 
+#include "feedback/MidiChord.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Scenery.h"
 #include "feedback/SendAppData.h"
@@ -51,6 +52,7 @@ bool TogglePacer(bool selectOnly) {
     if (selectOnly) {
         RunningOf(0) = Off;
         timReplay.Enabled = false;
+        EndMidiChord();
         return false;
     }
     if (RunningOf(0) == Off && FeedbackEnabled == Off && timProcess.Enabled)
@@ -121,15 +123,20 @@ void SendSceneryCommands(int index, bool changed) {
     SendAppCommand(scrolls ? CmdStartScroll : CmdStopScroll);
 }
 
+// Nobody has watched a song that was tried, so that it may have come to its end unnoticed.
+bool MusicPlays() {
+    return Playing != Off && (PlaySource != Off || !SongEnded());
+}
+
 void StartOrFadeMusic() {
     if (SomethingRuns()) {
-        if (Playing != Off || AutoPlayMusic == Off || SessionUnsaved != Off)
+        if (MusicPlays() || AutoPlayMusic == Off || SessionUnsaved != Off)
             return;
         PlaySource = On;
         if (AlwaysFirstSong != Off)
-            CurrentListIndex = 1;
+            GoToListSong(1);
         PlayMusic(true);
-    } else if (Playing != Off) {
+    } else if (Playing != Off || PausedBetweenSongs != Off) {
         FadeOutMusic();
         timPlayerCheck.Enabled = false;
     }
@@ -148,10 +155,12 @@ void StartLiveLevel(int index) {
 }
 
 void StartOrStopSession(int index) {
-    if (FeedbackEnabled == Off && LevelWithEcgRuns() && !timProcess.Enabled)
+    if (FeedbackEnabled == Off && LevelWithEcgRuns() && !timProcess.Enabled) {
         StartLiveLevel(index);
-    else if (FeedbackEnabled == Off && !SomethingRuns())
+    } else if (FeedbackEnabled == Off && !SomethingRuns()) {
         StopRecording();
+        EndMidiChord();
+    }
     if (index == 0 || !SomethingRuns())
         StopFeedback();
 }

@@ -31,6 +31,8 @@ constexpr std::array<ChordNote, 8> Chord{{{0, 0, 0.5},
                                           {1, 4, 0.5},
                                           {1, 7, 0.5}}};
 
+bool sessionChordSounds = false;
+
 Long RootOfPeak() {
     constexpr double Scale = 64 * 256;
     return PeakIndexA > 0 ? static_cast<Long>(Round(Scale / PeakIndexA)) : 0;
@@ -57,6 +59,17 @@ void PlayMidiChord(bool test, int pitchOffset, int level) {
         const double hertz = root * std::pow(SemitoneRatio, note.Semitones);
         MidiNoteOnFrequency(note.Channel, hertz, static_cast<int>(Round(loudness * note.Share)));
     }
+    sessionChordSounds = !test;
+}
+
+void EndMidiChord() {
+    if (sessionChordSounds)
+        SilenceMidi();
+    sessionChordSounds = false;
+}
+
+void ResetMidiChord() {
+    sessionChordSounds = false;
 }
 
 } // namespace pulselark

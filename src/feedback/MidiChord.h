@@ -12,4 +12,11 @@ namespace pulselark {
 /// and the loudness from `level`, 0 to 100.
 void PlayMidiChord(bool test, int pitchOffset, int level);
 
+/// Ends the chord of a session that is not renewed any more: the next second wants none, or there is none. A
+/// test chord is left to its timer.
+void EndMidiChord();
+
+/// No chord sounds.
+void ResetMidiChord();
+
 } // namespace pulselark

@@ -70,6 +70,21 @@ void OpenMidiOutputAtStart() {
         ShowStatus(LanguageText(TextMidiOutputFailed));
 }
 
+void RefreshMidiDevices() {
+    const auto before = lstMidiDevice;
+    if (before.empty())
+        return;
+    FillMidiDevices(lstMidiDevice);
+    if (MidiDeviceIndex < 0 || static_cast<std::size_t>(MidiDeviceIndex) >= before.size())
+        return;
+    const MidiDevice& chosen = before[static_cast<std::size_t>(MidiDeviceIndex)];
+    const auto same = [&chosen](const MidiDevice& device) {
+        return chosen.Id == MidiOutput::Mapper ? device.Id == chosen.Id : device.Name == chosen.Name;
+    };
+    const auto found = std::find_if(lstMidiDevice.begin(), lstMidiDevice.end(), same);
+    MidiDeviceIndex = static_cast<Integer>(found == lstMidiDevice.end() ? -1 : found - lstMidiDevice.begin());
+}
+
 void ChooseMidiDevice(int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= lstMidiDevice.size())
         return;

@@ -14,6 +14,9 @@ namespace pulselark {
 void OpenMidiOutput();
 /// Opens the output if the last run left a wish for sound; a failure is told on the status line only.
 void OpenMidiOutputAtStart();
+/// Lists the devices anew, as they are now and in the language of now. The chosen line stays the same device;
+/// if that has gone, none is chosen. A list that nobody has filled yet stays empty.
+void RefreshMidiDevices();
 /// Chooses line `index` of the device list and opens its device at once. A line that is not there does
 /// nothing.
 void ChooseMidiDevice(int index);

@@ -98,14 +98,15 @@ void RemoveFromPlayList() {
 }
 
 void PlayOrStop() {
+    const bool stops = Playing != Off || PausedBetweenSongs != Off;
     PlaySource = Off;
-    if (Playing != Off) {
-        StopSong();
+    if (stops) {
+        StopByHand();
     } else if (SelectedSong >= 1) {
         RewindSong();
-        PlayMusic();
-        Playing = ToBoolean(!SongList.at(SelectedSong).empty());
+        Playing = ToBoolean(PlayMusic() && !SongList.at(SelectedSong).empty());
     }
+    ShowCurrentSong();
 }
 
 void ToggleOption(int row) {
@@ -131,18 +132,18 @@ public:
         surface_.SetForeColour(colour);
         surface_.FilledBox(left, height_ - bottom, right, height_ - top);
     }
-    /// A frame of one pixel with round corners of radius 6.
-    void Frame(double left, double top, double right, double bottom, Colour colour) const {
+    /// A frame of one pixel with round corners.
+    void Frame(double left, double top, double right, double bottom, Colour colour, double radius = 6) const {
         constexpr int Steps = 6;
-        constexpr double Radius = 6, Quarter = std::numbers::pi / 2;
+        constexpr double Quarter = std::numbers::pi / 2;
         std::array<PanelPoint, 4 * (Steps + 1) + 1> rim;
         std::size_t i = 0;
         for (int corner = 0; corner < 4; ++corner) {
-            const double x = corner == 0 || corner == 3 ? right - Radius : left + Radius;
-            const double y = height_ - (corner < 2 ? top + Radius : bottom - Radius);
+            const double x = corner == 0 || corner == 3 ? right - radius : left + radius;
+            const double y = height_ - (corner < 2 ? top + radius : bottom - radius);
             for (int step = 0; step <= Steps; ++step, ++i) {
                 const double angle = (corner + step / static_cast<double>(Steps)) * Quarter;
-                rim[i] = {x + Radius * std::cos(angle), y + Radius * std::sin(angle)};
+                rim[i] = {x + radius * std::cos(angle), y + radius * std::sin(angle)};
             }
         }
         rim.back() = rim.front();
@@ -200,6 +201,7 @@ double RowTop(int row) {
 
 constexpr double TickRoom = 20;
 constexpr double NumberRoom = 16;
+constexpr double OptionBox = 16; // the side of the box that a tick stands in
 
 void DrawSongs(const RowPen& pen) {
     const double left = SongColumn.Left * pen.Width();
@@ -241,9 +243,13 @@ void DrawOptions(const RowPen& pen) {
     for (const Option& option : Options) {
         if (option.Row == HoverOption)
             pen.Box(left - 4, RowTop(option.Row), 0.96 * pen.Width(), RowTop(option.Row + 1), Plate);
+        if (option.Ticked) {
+            const double top = RowTop(option.Row) + (PlayerRowHeight - OptionBox) / 2;
+            pen.Frame(left, top, left + OptionBox, top + OptionBox, ControlEdge, 3);
+        }
         if (option.Ticked && option.Value != Off)
             pen.Tick(left, RowTop(option.Row), Teal);
-        pen.Text(left + TickRoom, RowTop(option.Row), LanguageText(option.Text), Ink);
+        pen.Text(left + OptionBox + 8, RowTop(option.Row), LanguageText(option.Text), Ink);
     }
 }
 
@@ -343,7 +349,7 @@ void ClickPlayer(const PlayerZone& zone) {
     switch (zone.What) {
     case Kind::Song:
         SelectedSong = static_cast<Integer>(zone.Row);
-        StopSong();
+        StopByHand();
         break;
     case Kind::ListRow:
         SelectedListRow = static_cast<Integer>(zone.Row);
@@ -401,8 +407,8 @@ void DrawPlayer(Surface& picMCT) {
     DrawOptions(pen);
     DrawButton(pen, SongColumn, ShownSongs + 1, LanguageText(TextPlayerAdd));
     DrawButton(pen, ListColumn, ShownSongs + 1, LanguageText(TextPlayerRemove));
-    pen.Box(SongColumn.Left * pen.Width(), RowTop(LastLine) + 2, CloseColumn.Right * pen.Width(),
-            RowTop(LastLine) + 3, Rule);
+    const double rule = RowTop(LastLine) - PlayerLineGap / 2;
+    pen.Box(SongColumn.Left * pen.Width(), rule, CloseColumn.Right * pen.Width(), rule + 1, Rule);
     DrawButton(pen, PlayColumn, LastLine, PlayerZoneText({Kind::Play}));
     DrawButton(pen, CloseColumn, LastLine, LanguageText(TextPlayerClose));
     DrawMute(pen);

@@ -28,6 +28,11 @@ MediaControl& WMP() {
     return ThePlatform().MediaControl;
 }
 
+void EndFade() {
+    timFadeOut.Enabled = false;
+    FadeStep = 0;
+}
+
 // Starts a song where the last one was left.
 void LoadSong(const std::string& name) {
     const Integer failure = WMP().Load(ProgramFolder() + "/Music/" + name);
@@ -41,8 +46,7 @@ void PlayListSong() {
     const std::string& song = PlayList.at(CurrentListIndex);
     if (FilledListRows() < 1 || AutoPlayMusic == Off || song.empty() || Playing != Off)
         return;
-    timFadeOut.Enabled = false;
-    FadeStep = 0;
+    EndFade();
     RestoreVolume();
     LoadSong(song);
     imMusicOff.Visible = false;
@@ -53,6 +57,7 @@ void PlayListSong() {
 
 void TrySelectedSong() {
     const std::string& song = SongList.at(SelectedSong);
+    EndFade();
     if (!song.empty())
         LoadSong(song);
     RestoreVolume();
@@ -93,7 +98,7 @@ void FadeOutTick() {
     if (FadeStep < FadeSteps) {
         const auto step = static_cast<int>(Round(PlayerVolume / static_cast<double>(FadeSteps)));
         volume = std::clamp(volume - step, 0, 100);
-        SetVolume(volume);
+        SetVolume(imMusicOff.Visible ? 0 : volume);
         ++FadeStep;
         RememberPosition();
         return;
@@ -102,6 +107,7 @@ void FadeOutTick() {
     timPlayerCheck.Enabled = timFadeOut.Enabled = false;
     FadeStep = 0;
     RestoreVolume();
+    imMusicOff.Visible = false;
     if (FeedbackEnabled != Off)
         RestorePosition();
     else
@@ -133,7 +139,8 @@ int FilledListRows() {
     return rows;
 }
 
-void PlayMusic() {
+bool PlayMusic() {
+    bool played = true;
     if (CurrentListIndex > FilledListRows() || CurrentListIndex < 1)
         CurrentListIndex = 1;
     try {
@@ -143,8 +150,10 @@ void PlayMusic() {
             TrySelectedSong();
     } catch (const Failure&) {
         ThePlatform().Messages.Show(LanguageText(TextPlayerFailed), ButtonOK);
+        played = false;
     }
     DrawPlayerPanel();
+    return played;
 }
 
 void PlayMusic(bool keepPlayer) {
@@ -197,10 +206,42 @@ bool SongEnded() {
 }
 
 void FadeOutMusic() {
-    if (Playing == Off)
+    EndPauseBetweenSongs();
+    if (Playing == Off || timFadeOut.Enabled)
         return;
     FadeStep = 0;
     timFadeOut.Enabled = true;
+}
+
+void EndPauseBetweenSongs() {
+    if (PausedBetweenSongs == Off)
+        return;
+    PausedBetweenSongs = Off;
+    timPause.Enabled = false;
+    ShowCurrentSong();
+}
+
+void StopMusicAtOnce() {
+    EndPauseBetweenSongs();
+    EndFade();
+    if (Playing != Off)
+        StopSong();
+    timPlayerCheck.Enabled = false;
+    SongPosition = 0;
+    DrawPlayerPanel();
+}
+
+void StopByHand() {
+    EndPauseBetweenSongs();
+    EndFade();
+    StopSong();
+    timPlayerCheck.Enabled = false;
+}
+
+void GoToListSong(Integer row) {
+    if (row != CurrentListIndex)
+        SongPosition = 0;
+    CurrentListIndex = row;
 }
 
 void SetVolume(int volume) {

@@ -36,8 +36,9 @@ void ScanMusicFolder();
 int FilledListRows();
 
 /// Starts the song that is due: of the play list if that is the source, music is wanted and none plays, else
-/// the song that is tried. A song that cannot be played gives a message; the session goes on in silence.
-void PlayMusic();
+/// the song that is tried. A song that cannot be played gives a message and the result false; the session
+/// goes on in silence.
+bool PlayMusic();
 /// The same at the start of a replay, if the music of the session is active; from the song's beginning unless
 /// `keepPlayer` is set.
 void PlayMusic(bool keepPlayer);
@@ -50,8 +51,16 @@ void StopSong();
 /// Whether the song has come to its end, or the player has stopped by itself before three quarters of it. To
 /// be asked each 250 ms; an end stops the song.
 bool SongEnded();
-/// Lets the music die away over four seconds.
+/// Lets the music die away over four seconds. In the pause between two songs no other one follows.
 void FadeOutMusic();
+/// The pause between two songs ends without the next one.
+void EndPauseBetweenSongs();
+/// Ends the music without a fade, for good: the next start begins at the song's beginning.
+void StopMusicAtOnce();
+/// The user stops the song. It has not come to its end, so that the next one of the list does not follow it.
+void StopByHand();
+/// Song `row` of the play list is the next; another song than the current one starts at its beginning.
+void GoToListSong(Integer row);
 
 void SetVolume(int volume);
 void RestoreVolume(); ///< `PlayerVolume` again

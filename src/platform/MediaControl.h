@@ -15,8 +15,10 @@ public:
     /// Takes a song and starts it from its beginning. 0, or the number of the failure (52, 53, 57).
     virtual Integer Load(const std::string& path) = 0;
     virtual void Play() = 0;
+    /// Ends the sound and goes back to the song's beginning.
     virtual void Stop() = 0;
     virtual double Position() = 0;
+    /// Goes to a place of the song; of one that does not play, `Play` starts there.
     virtual void SetPosition(double seconds) = 0;
     /// 0 where the length of the song is not known.
     virtual double Duration() = 0;

@@ -1,5 +1,6 @@
 #include "session/Recording.h"
 
+#include "feedback/MIDI_CMD.h"
 #include "feedback/SendAppData.h"
 #include "quickscan/QsAnalysis.h"
 #include "quickscan/QsPage.h"
@@ -105,6 +106,7 @@ void StopRecording() {
         RestJournal();
     }
     SessionRunning = Off;
+    EndMidiChord();
     timLedBlink.Enabled = false;
     DrawRecordLamp();
     EndConnection();

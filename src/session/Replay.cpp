@@ -65,6 +65,7 @@ void ReplayTick() {
     if (SessionTick >= SessionSeconds) {
         EndReplay();
         EndModes();
+        FadeOutMusic();
         return;
     }
     RunSessionTick();
@@ -93,8 +94,10 @@ void ReleaseStopButton() {
     RefreshSessionButtons(false);
     labBFStart.Visible = false;
     EndModes();
-    if (FeedbackFromReplay())
-        StopMusicAndScenery();
+    if (FeedbackFromReplay()) {
+        StopMusicAtOnce();
+        timStopScrollGame.Enabled = true;
+    }
 }
 
 } // namespace pulselark

@@ -82,6 +82,8 @@ void PlayChordIfWanted() {
     const bool inPanels = TrainingActive == Off && MidiInPanels != Off;
     if (inTraining || inPanels)
         PlayMidiChord(false, 0, 0);
+    else
+        EndMidiChord();
 }
 
 void RunSecond(bool feedback) {

@@ -2,6 +2,7 @@
 
 #include "feedback/MIDI_OUT.h"
 #include "feedback/SendAppData.h"
+#include "feedback/WMPPlay.h"
 #include "persistence/AppSettings.h"
 #include "persistence/Configuration.h"
 #include "persistence/DropSession.h"
@@ -37,6 +38,17 @@ void EndRecording() {
     RefreshSessionButtons(true);
 }
 
+void FinishProgram() {
+    timReplay.Enabled = false;
+    SilenceMidi();
+    MidiClose();
+    StopMusicAtOnce();
+    SaveTrainingSettings();
+    SaveAppSettings();
+    if (TrainingActive == Off)
+        SaveConfig(PreviousConfig);
+}
+
 } // namespace
 
 bool ExitProgram() {
@@ -47,14 +59,15 @@ bool ExitProgram() {
     if (!MayDropSession(TextSaveBeforeExit))
         return false;
     DiscardJournal();
-    timReplay.Enabled = false;
-    SilenceMidi();
-    MidiClose();
-    SaveTrainingSettings();
-    SaveAppSettings();
-    if (TrainingActive == Off)
-        SaveConfig(PreviousConfig);
+    FinishProgram();
     return true;
+}
+
+void EndProgram() {
+    SilenceMidi();
+    TellPartners();
+    EndRecording();
+    FinishProgram();
 }
 
 } // namespace pulselark

@@ -7,4 +7,8 @@ namespace pulselark {
 /// cancelled question, or a save that failed, brings the user back.
 bool ExitProgram();
 
+/// The end from outside, by a signal: the same without a question and whatever the program is doing, sound
+/// first. What is not saved goes, but for a recording, which stays in its journal.
+void EndProgram();
+
 } // namespace pulselark

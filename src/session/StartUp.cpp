@@ -7,6 +7,7 @@
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
 #include "feedback/MIDI_OUT.h"
+#include "feedback/MidiChord.h"
 #include "feedback/MidiSwitches.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/Pacer.h"
@@ -115,6 +116,7 @@ void InitApplication(bool readSettings) {
     ResetPacer();
     ResetMusic();
     ResetMidiOutput();
+    ResetMidiChord();
     ResetMidiSwitches();
     ResetSoundTester();
     ResetConnection();

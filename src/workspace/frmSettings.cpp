@@ -383,6 +383,7 @@ void frmSettings::ShowSound() {
 }
 
 void frmSettings::Retranslate() {
+    RefreshMidiDevices();
     SetTitle(Text(TextSettings));
     for (const auto& text : texts_)
         text();
@@ -391,6 +392,7 @@ void frmSettings::Retranslate() {
 }
 
 void frmSettings::showEvent(QShowEvent* event) {
+    RefreshMidiDevices();
     ShowMarks();
     FitToScreen();
     FormWindow::showEvent(event);

@@ -7,7 +7,8 @@
 #include <cstdlib>
 #include <fstream>
 
-// The traces of all modes against tests/reference/training.py, which shares no code with the program.
+// The traces of all modes against tests/reference/training.py and chord.py, which share no code with the
+// program.
 namespace pulselark {
 namespace {
 
@@ -42,6 +43,32 @@ TEST_P(TraceSecondOpinion, AgreesOnEveryScoreAndPayload) {
     }
     const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "training.py";
     EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' '" + reference.string() + "' '" + session.string() +
+                           "' --averaging 4" + traces)
+                              .c_str()),
+              0);
+}
+
+// The words of every second, in training and with the panels, against tests/reference/chord.py.
+TEST_P(TraceSecondOpinion, AgreesOnEveryMidiWord) {
+    const char* data = std::getenv("PULSELARK_DATA");
+    if (data == nullptr)
+        GTEST_SKIP() << "no recordings: PULSELARK_DATA is not set";
+    const fs::path session = fs::path(data) / "sessions" / GetParam();
+    const TemporaryFolder folder;
+    std::string traces;
+    for (const std::string mode : {"panels", "1", "2", "3"}) {
+        std::vector<std::string> words{session.string(), "--averaging", "4", "--midi"};
+        if (mode != "panels")
+            words.insert(words.end(), {"--mode", mode});
+        int code = -1;
+        const std::string lines = TraceOf(words, code);
+        ASSERT_EQ(code, 0);
+        const std::string name = folder.Name() + "/" + mode;
+        std::ofstream(name) << lines;
+        traces += " " + mode + ":16:" + name;
+    }
+    const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "chord.py";
+    EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' -B '" + reference.string() + "' '" + session.string() +
                            "' --averaging 4" + traces)
                               .c_str()),
               0);

@@ -1,13 +1,16 @@
+#include "feedback/FeedbackModes.h"
 #include "feedback/MIDI_CMD.h"
 #include "feedback/MIDI_OUT.h"
 #include "feedback/MidiChord.h"
 #include "feedback/MidiSwitches.h"
 #include "feedback/SoundTester.h"
+#include "feedback/WMPPlay.h"
 #include "platform/ProgramFolder.h"
 #include "session/AnalysisBuffers.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Replay.h"
+#include "session/ShutDown.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
@@ -23,6 +26,7 @@ class Midi : public SessionTest {
 protected:
     Midi() {
         ResetMidiOutput();
+        ResetMidiChord();
         ResetMidiSwitches();
         ResetSoundTester();
         Outside.Midi.Names = {"piano", "", "organ"};
@@ -102,6 +106,37 @@ TEST_F(Midi, ReplayTicksSoundWhenWantedAndFallSilentAtItsEnd) {
     EXPECT_EQ(Outside.Midi.Silences, 1);
 }
 
+TEST_F(Midi, AChordThatIsNotRenewedIsEnded) {
+    MakeSession(20);
+    OpenMidiOutput();
+    MidiInPanels = On;
+    StartReplay(false);
+    Timers.Advance(2000);
+    TrainingActive = On; // where no sound is wanted
+    Timers.Advance(3000);
+    EXPECT_EQ(Outside.Midi.Silences, 1);
+    TrainingActive = Off;
+    Timers.Advance(1000);
+    SelectFeedbackMode(0, true); // the click that ends the replay
+    EXPECT_FALSE(timReplay.Enabled);
+    EXPECT_EQ(Outside.Midi.Silences, 2);
+}
+
+// From outside there is nobody to ask, whatever the program is at.
+TEST_F(Midi, AnEndBySignalLeavesNothingSounding) {
+    MakeSession(20);
+    SessionUnsaved = LoadingSession = DialogOpen = On;
+    OpenMidiOutput();
+    MidiInPanels = On;
+    PlayMusic();
+    EndProgram();
+    EXPECT_GE(Outside.Midi.Silences, 1);
+    EXPECT_EQ(Outside.Midi.Closes, 1);
+    EXPECT_FALSE(Outside.Player.Runs);
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
+    EXPECT_TRUE(Outside.Disk.Content.contains("config/app.oms"));
+}
+
 TEST_F(Midi, DevicesThatCannotBeAskedAreLeftOut) {
     ASSERT_EQ(lstMidiDevice.size(), 3U);
     EXPECT_EQ(lstMidiDevice[0].Id, -1);
@@ -117,6 +152,21 @@ TEST_F(Midi, DevicesThatCannotBeAskedAreLeftOut) {
     ChooseMidiDevice(0);
     ASSERT_EQ(Outside.Boxes.Shown.size(), 1U);
     EXPECT_EQ(Outside.Boxes.Shown[0].Text, "failed 57");
+}
+
+TEST_F(Midi, AChosenDeviceStaysChosenWhereverItStands) {
+    ChooseMidiDevice(2);
+    Outside.Midi.Names = {"drum", "piano", "organ", "harp"};
+    RefreshMidiDevices();
+    EXPECT_EQ(lstMidiDevice[static_cast<std::size_t>(MidiDeviceIndex)].Name, "organ");
+    Outside.Midi.Names = {"drum"}; // unplugged
+    RefreshMidiDevices();
+    EXPECT_EQ(MidiDeviceIndex, -1);
+    ToggleMidiPanels();
+    EXPECT_EQ(MidiInPanels, Off);
+    ChooseMidiDevice(0);
+    RefreshMidiDevices();
+    EXPECT_EQ(MidiDeviceIndex, 0);
 }
 
 TEST_F(Midi, TheSwitchOpensTheOutputAndSoundsATest) {

@@ -1,10 +1,13 @@
+#include "feedback/FeedbackModes.h"
 #include "feedback/PlayerPanel.h"
 #include "feedback/WMPPlay.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/Replay.h"
 #include "session/Settings.h"
 #include "support/RecordingSurface.h"
 #include "support/SessionTest.h"
+#include "support/Signals.h"
 
 #include <algorithm>
 
@@ -117,6 +120,93 @@ TEST_F(Music, FadesInSixteenStepsAndRemembersThePlace) {
     EXPECT_NEAR(Outside.Player.Position(), SongPosition, 1e-9);
     EXPECT_GT(Outside.Player.Position(), 13);
     PlayMusic(false);
+    EXPECT_EQ(Outside.Player.Position(), 0);
+}
+
+// What the end of a session means for the music, whatever the player is doing at that moment.
+TEST_F(Music, NothingPlaysOnAfterTheSession) {
+    ListOf({"a.ogg", "b.ogg"});
+    Outside.Player.Length = 20;
+    TrainingActive = FeedbackEnabled = On;
+    MakeSession(20);
+    FeedbackMode = 2;
+    StartReplay(false);
+    ASSERT_TRUE(Outside.Player.Runs);
+    Timers.Advance(19500); // the first song is over; stopped in the pause before the next one
+    ASSERT_EQ(PausedBetweenSongs, On);
+    FadeOutMusic();
+    Timers.Advance(10000);
+    EXPECT_EQ(Outside.Player.Loaded.size(), 1U);
+    EXPECT_EQ(labCurrentSong.Caption, "b.ogg");
+
+    SessionTick = 15;
+    StartReplay(false);
+    Timers.Advance(6000); // up to the session's end
+    EXPECT_FALSE(timReplay.Enabled);
+    EXPECT_EQ(Playing, On);
+    EXPECT_TRUE(timFadeOut.Enabled);
+    Timers.Advance(4250);
+    EXPECT_FALSE(Outside.Player.Runs);
+
+    SessionTick = 15;
+    StartReplay(false);
+    Timers.Advance(2000);
+    ReleaseStopButton(); // at once
+    EXPECT_FALSE(Outside.Player.Runs);
+    EXPECT_EQ(SongPosition, 0);
+}
+
+TEST_F(Music, AFadeNeitherStartsAgainNorSoundsWhileMuted) {
+    ListOf({"a.ogg"});
+    AdjustMusicVolume(80);
+    PlayMusic();
+    FadeOutMusic();
+    Timers.Advance(2000);
+    FadeOutMusic();
+    Timers.Advance(250);
+    EXPECT_LT(Outside.Player.Volume, 45);
+    ToggleMute();
+    Timers.Advance(500);
+    EXPECT_EQ(Outside.Player.Volume, 0);
+    Timers.Advance(1500);
+    EXPECT_EQ(Playing, Off);
+    EXPECT_FALSE(imMusicOff.Visible);
+}
+
+TEST_F(Music, ASongStoppedByHandIsNotFollowedByTheNext) {
+    ListOf({"a.ogg", "b.ogg"});
+    PlayMusic();
+    Timers.Advance(10000);
+    ClickPlayer({Kind::Play});
+    Timers.Advance(20000);
+    EXPECT_EQ(Outside.Player.Loaded, Names{"a.ogg"});
+
+    PlaySource = On;
+    PlayMusic();
+    Outside.Player.SetPosition(59.5);
+    Timers.Advance(250);
+    ASSERT_EQ(PausedBetweenSongs, On);
+    ClickPlayer({Kind::Play}); // in the pause between two songs
+    Timers.Advance(20000);
+    EXPECT_EQ(Outside.Player.Loaded.size(), 2U);
+    EXPECT_EQ(Playing, Off);
+}
+
+TEST_F(Music, ASongThatWasTriedDoesNotKeepTheListFromStarting) {
+    ListOf({"a.ogg", "b.ogg"});
+    SongList[1] = "broken.ogg";
+    SongList[2] = "tried.ogg";
+    ClickPlayer({Kind::Play});
+    EXPECT_EQ(Playing, Off); // told, and not taken for a song that plays
+    ClickPlayer({Kind::Song, 2});
+    ClickPlayer({Kind::Play});
+    Timers.Advance(70000); // it has ended, and nobody watches it
+    CurrentListIndex = 2;
+    SongPosition = 40;
+    AlwaysFirstSong = TrainingActive = FeedbackEnabled = On;
+    MakeSession(20);
+    SelectFeedbackMode(2, false);
+    EXPECT_EQ(Outside.Player.Loaded, (Names{"tried.ogg", "a.ogg"}));
     EXPECT_EQ(Outside.Player.Position(), 0);
 }
 

@@ -40,6 +40,7 @@ bool OpenSilentDriver() {
 struct MixerMediaControl::Parts {
     bool Open = false;
     int Volume = 50;
+    double Start = 0; // seconds; where a song that does not play would go on
     std::unique_ptr<Mix_Music, MusicDeleter> Song;
 };
 
@@ -66,28 +67,37 @@ Integer MixerMediaControl::Load(const std::string& path) {
     if (parts_->Song == nullptr)
         return FailureBadFileName;
     SetVolume(parts_->Volume);
+    parts_->Start = 0;
     return Mix_PlayMusic(parts_->Song.get(), 1) == 0 ? Integer{0} : Integer{FailureDeviceIO};
 }
 
 void MixerMediaControl::Play() {
-    if (parts_->Song != nullptr && Mix_PlayingMusic() == 0)
-        Mix_PlayMusic(parts_->Song.get(), 1);
+    if (parts_->Song == nullptr || Mix_PlayingMusic() != 0 || Mix_PlayMusic(parts_->Song.get(), 1) != 0)
+        return;
+    SetPosition(parts_->Start);
+    parts_->Start = 0;
 }
 
 void MixerMediaControl::Stop() {
-    if (parts_->Song != nullptr)
-        Mix_HaltMusic();
+    if (parts_->Song == nullptr)
+        return;
+    Mix_HaltMusic();
+    parts_->Start = 0;
 }
 
+// The library tells, and sets, the place of a song that plays; of one that has stopped it keeps the last.
 double MixerMediaControl::Position() {
     if (parts_->Song == nullptr)
         return 0;
-    return std::max(Mix_GetMusicPosition(parts_->Song.get()), 0.0);
+    return Mix_PlayingMusic() != 0 ? std::max(Mix_GetMusicPosition(parts_->Song.get()), 0.0) : parts_->Start;
 }
 
 void MixerMediaControl::SetPosition(double seconds) {
-    // The library seeks in a song that plays only.
-    if (parts_->Song != nullptr && Mix_PlayingMusic() != 0 && seconds >= 0)
+    if (parts_->Song == nullptr || seconds < 0)
+        return;
+    if (Mix_PlayingMusic() == 0)
+        parts_->Start = seconds;
+    else
         Mix_SetMusicPosition(seconds);
 }
 

@@ -34,6 +34,8 @@ struct Synthesizer::Parts {
     std::unique_ptr<fluid_settings_t, Deleter<fluid_settings_t, delete_fluid_settings>> Settings;
     std::unique_ptr<fluid_synth_t, Deleter<fluid_synth_t, delete_fluid_synth>> Synth;
     std::unique_ptr<fluid_audio_driver_t, Deleter<fluid_audio_driver_t, delete_fluid_audio_driver>> Driver;
+
+    void OpenDriver() { Driver.reset(new_fluid_audio_driver(Settings.get(), Synth.get())); }
 };
 
 Synthesizer::Synthesizer() : parts_(std::make_unique<Parts>()) {}
@@ -67,7 +69,12 @@ Integer Synthesizer::StartPlaying() {
     const Integer failure = Load();
     if (failure != 0 || parts_->Driver != nullptr)
         return failure;
-    parts_->Driver.reset(new_fluid_audio_driver(parts_->Settings.get(), parts_->Synth.get()));
+    parts_->OpenDriver();
+    // A sound server that keeps the device to itself is asked directly.
+    if (parts_->Driver == nullptr) {
+        fluid_settings_setstr(parts_->Settings.get(), "audio.driver", "pulseaudio");
+        parts_->OpenDriver();
+    }
     return parts_->Driver != nullptr ? Integer{0} : Integer{FailureDeviceIO};
 }
 

@@ -15,13 +15,16 @@ constexpr const char* PortName = "PulseLark";
 
 // The library throws where there is no sequencer, and both it and the one below it print what they miss; so
 // the device is looked for first.
-std::unique_ptr<RtMidiOut> MakeSequencer() {
+std::unique_ptr<RtMidiOut> MakeSequencer(bool& failed) {
     std::error_code error;
     if (!std::filesystem::exists("/dev/snd/seq", error))
         return nullptr;
     try {
         auto sequencer = std::make_unique<RtMidiOut>(RtMidi::LINUX_ALSA, PortName);
-        sequencer->setErrorCallback([](RtMidiError::Type, const std::string&, void*) {});
+        // With a listener the library throws no more, whatever goes wrong.
+        sequencer->setErrorCallback(
+            [](RtMidiError::Type, const std::string&, void* what) { *static_cast<bool*>(what) = true; },
+            &failed);
         return sequencer;
     } catch (const RtMidiError&) {
         return nullptr;
@@ -37,6 +40,16 @@ struct SystemMidiOutput::Parts {
     std::unique_ptr<RtMidiOut> Sequencer;
     std::vector<std::string> Ports; // as the devices were counted last; our own port is none of them
     Open Now = Open::Nothing;
+    bool Failed = false; // the library has told of an error since this was cleared
+
+    // Where a port of the list stands by now: devices come and go, and their numbers move up.
+    std::optional<unsigned> Find(const std::string& port) const {
+        for (unsigned place = 0; place < Sequencer->getPortCount(); ++place) {
+            if (Sequencer->getPortName(place) == port)
+                return place;
+        }
+        return std::nullopt;
+    }
 };
 
 SystemMidiOutput::SystemMidiOutput() : parts_(std::make_unique<Parts>()) {}
@@ -47,7 +60,7 @@ SystemMidiOutput::~SystemMidiOutput() {
 
 int SystemMidiOutput::DeviceCount() {
     if (parts_->Sequencer == nullptr)
-        parts_->Sequencer = MakeSequencer();
+        parts_->Sequencer = MakeSequencer(parts_->Failed);
     if (parts_->Sequencer == nullptr)
         return 0;
     parts_->Ports.clear();
@@ -74,16 +87,19 @@ Integer SystemMidiOutput::Open(int id) {
     }
     if (!DeviceName(id))
         return FailureIndexOutOfRange;
-    try {
-        if (static_cast<std::size_t>(id) == parts_->Ports.size())
-            parts_->Sequencer->openVirtualPort(PortName);
-        else
-            parts_->Sequencer->openPort(static_cast<unsigned>(id), PortName);
-        parts_->Now = Parts::Open::Sequencer;
-        return 0;
-    } catch (const RtMidiError&) {
-        return FailureDeviceIO;
+    parts_->Failed = false;
+    if (static_cast<std::size_t>(id) == parts_->Ports.size()) {
+        parts_->Sequencer->openVirtualPort(PortName);
+    } else {
+        const auto port = parts_->Find(parts_->Ports[static_cast<std::size_t>(id)]);
+        if (!port)
+            return FailureDeviceIO;
+        parts_->Sequencer->openPort(*port, PortName);
     }
+    if (parts_->Failed)
+        return FailureDeviceIO;
+    parts_->Now = Parts::Open::Sequencer;
+    return 0;
 }
 
 Integer SystemMidiOutput::Close() {
@@ -105,12 +121,9 @@ Integer SystemMidiOutput::Send(std::uint32_t word) {
         return FailureDeviceIO;
     const MidiBytes bytes(word);
     const std::array<unsigned char, 3> message{bytes.Status, bytes.Data1, bytes.Data2};
-    try {
-        parts_->Sequencer->sendMessage(message.data(), static_cast<std::size_t>(bytes.Size()));
-        return 0;
-    } catch (const RtMidiError&) {
-        return FailureDeviceIO;
-    }
+    parts_->Failed = false;
+    parts_->Sequencer->sendMessage(message.data(), static_cast<std::size_t>(bytes.Size()));
+    return parts_->Failed ? Integer{FailureDeviceIO} : Integer{0};
 }
 
 void SystemMidiOutput::Silence() {
