@@ -56,7 +56,8 @@ void QrsSignal::Push(float sample) {
 
 void QrsSignal::WatchGaps(float sample) {
     const bool lost = !std::isfinite(sample);
-    if (!lost && lostRun_ >= ShortestLoss)
+    const bool afterGap = count_ > 0 && gapEnd_ == count_ - 1;
+    if (!lost && afterGap && (lostRun_ > 0 || sample != before_))
         offset_ = held_ - sample;
     equalRun_ = !lost && sample == before_ ? equalRun_ + 1 : 0;
     lostRun_ = lost ? lostRun_ + 1 : 0;
