@@ -28,7 +28,7 @@ public:
     float Envelope(Band band, std::int64_t index) const { return envelopes_[band][Place(index)]; }
 
     /// Whether from `reach` samples before to `reach` samples after `index` samples were lost (three or more)
-    /// or the line was flat (0 for 32 samples or more, or any one value for 96).
+    /// or the line was flat (any one value for 96 samples, or 0 for 20 after a step down or up to it).
     bool BesideGap(double index, double reach) const;
     /// Whether samples were lost after `index`.
     bool GapSince(double index) const { return static_cast<double>(gapEnd_) > index; }
@@ -52,6 +52,7 @@ private:
     float offset_ = 0; // added so that the signal goes on where it stood
     float before_ = 0; // last sample that was not lost, as it came
     int lostRun_ = 0, equalRun_ = 0;
+    bool brokenOff_ = false;                                   // the signal jumped to 0
     std::int64_t gapStart_ = -1'000'000, gapEnd_ = -1'000'000; // the last gap
 };
 
