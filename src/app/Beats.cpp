@@ -50,7 +50,8 @@ FileOutcome ReadSession(const BeatsOptions& options, std::vector<float>& samples
     if (options.ChannelB && ChannelMode == 2)
         return {FailureIndexOutOfRange, 0};
     const EcgBuffer& ecg = options.ChannelB ? EcgB : EcgA;
-    samples.assign(ecg.begin(), ecg.begin() + SessionSeconds * SamplesPerSecond);
+    const auto count = static_cast<std::ptrdiff_t>(SessionSeconds) * SamplesPerSecond;
+    samples.assign(ecg.begin(), ecg.begin() + count);
     return {};
 }
 
