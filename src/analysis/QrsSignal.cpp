@@ -11,8 +11,9 @@ namespace {
 constexpr double Rate = 128;
 constexpr std::array<double, QrsSignal::Bands> Centre{11, 5, 22};           // Hz
 constexpr std::array<double, QrsSignal::Bands> Spread{0.030, 0.045, 0.020}; // s, of the Gaussian
-constexpr int ShortestLoss = 3, ShortestZero = 32, ShortestFlat = 96;       // samples that are a gap
-constexpr int OneGap = 38; // samples between two gaps that count as one
+constexpr int ShortestLoss = 3, ShortestZero = 20, ShortestFlat = 96;       // samples that are a gap
+constexpr float LeastStep = 50; // panel units, to a 0 that is no part of the signal
+constexpr int OneGap = 38;      // samples between two gaps that count as one
 
 } // namespace
 
@@ -56,11 +57,14 @@ void QrsSignal::Push(float sample) {
 
 void QrsSignal::WatchGaps(float sample) {
     const bool lost = !std::isfinite(sample);
-    if (!lost && lostRun_ >= ShortestLoss)
+    const bool afterGap = count_ > 0 && gapEnd_ == count_ - 1;
+    if (!lost && afterGap && (lostRun_ > 0 || sample != before_))
         offset_ = held_ - sample;
+    if (sample == 0 && before_ != 0)
+        brokenOff_ = std::abs(before_) > LeastStep;
     equalRun_ = !lost && sample == before_ ? equalRun_ + 1 : 0;
     lostRun_ = lost ? lostRun_ + 1 : 0;
-    if (lostRun_ < ShortestLoss && equalRun_ < (sample == 0 ? ShortestZero : ShortestFlat))
+    if (lostRun_ < ShortestLoss && equalRun_ < (sample == 0 && brokenOff_ ? ShortestZero : ShortestFlat))
         return;
     const std::int64_t start = count_ - std::max(lostRun_, equalRun_);
     if (start > gapEnd_ + OneGap)

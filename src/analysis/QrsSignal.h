@@ -17,8 +17,8 @@ public:
 
     QrsSignal();
 
-    /// Takes a sample, NaN for a lost one. Over lost samples the signal stands still, and after three of them
-    /// or more it goes on where it stood.
+    /// Takes a sample, NaN for a lost one. Over lost samples the signal stands still, and after a gap (see
+    /// `BesideGap`) it goes on where it stood.
     void Push(float sample);
 
     std::int64_t Count() const { return count_; }
@@ -27,9 +27,8 @@ public:
     float Sample(std::int64_t index) const { return samples_[Place(index)]; }
     float Envelope(Band band, std::int64_t index) const { return envelopes_[band][Place(index)]; }
 
-    /// Whether from `reach` samples before to `reach` samples after `index` samples are known to be lost, or
-    /// the line was flat (0 for 32 samples or
-    /// more, or any one value for 96).
+    /// Whether from `reach` samples before to `reach` samples after `index` samples were lost (three or more)
+    /// or the line was flat (any one value for 96 samples, or 0 for 20 after a step down or up to it).
     bool BesideGap(double index, double reach) const;
     /// Whether samples were lost after `index`.
     bool GapSince(double index) const { return static_cast<double>(gapEnd_) > index; }
@@ -53,6 +52,7 @@ private:
     float offset_ = 0; // added so that the signal goes on where it stood
     float before_ = 0; // last sample that was not lost, as it came
     int lostRun_ = 0, equalRun_ = 0;
+    bool brokenOff_ = false;                                   // the signal jumped to 0
     std::int64_t gapStart_ = -1'000'000, gapEnd_ = -1'000'000; // the last gap
 };
 

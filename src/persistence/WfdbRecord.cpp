@@ -120,7 +120,7 @@ bool ReadGain(std::string_view word, WfdbSignal& signal) {
     const auto gain = TakeNumber<double>(word);
     if (!std::isfinite(gain))
         Fail(FailureOverflow);
-    if (gain != 0) // 0 is a gain that nobody measured
+    if (std::abs(gain) > 1e-6) // 0 is a gain that nobody measured
         signal.Gain = gain;
     const bool baseline = TakeMark(word, '(');
     if (baseline) {

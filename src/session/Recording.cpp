@@ -1,6 +1,6 @@
 #include "session/Recording.h"
 
-#include "feedback/MIDI_CMD.h"
+#include "feedback/MidiChord.h"
 #include "feedback/SendAppData.h"
 #include "quickscan/QsAnalysis.h"
 #include "quickscan/QsPage.h"
