@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
@@ -22,7 +23,6 @@ using namespace pulselark;
 
 namespace {
 
-constexpr double Budget = 2; // ms
 constexpr Long Seconds = 3600;
 constexpr int Flushes = 50;
 
@@ -39,13 +39,20 @@ private:
     SystemClock system_;
 };
 
+// Of this thread, so that other programs count for little.
+double ProcessorMilliseconds() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
 void Print(const char* title, std::vector<double>& times) {
     std::sort(times.begin(), times.end());
     const auto at = [&times](double share) {
         return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1))];
     };
-    std::printf("%-34s %8zu  median %7.3f  99.9 %% %7.3f  worst %7.3f ms, %.1f %% of the budget at 99.9 %%\n",
-                title, times.size(), at(0.5), at(0.999), at(1), 100 * at(0.999) / Budget);
+    std::printf("%-34s %8zu  median %7.3f  99.9 %% %7.3f  worst %7.3f ms\n", title, times.size(), at(0.5),
+                at(0.999), at(1));
 }
 
 void MeasureTicks(StepClock& clock) {
@@ -53,9 +60,11 @@ void MeasureTicks(StepClock& clock) {
     while (timProcess.Enabled && RecordedSeconds < Seconds) {
         clock.Now += 20;
         const Long before = RecordedSeconds;
+        const double start = ProcessorMilliseconds();
         ProcessTick();
-        (RecordedSeconds > before ? second : plain).push_back(Diagnostics.Tick.Last);
+        (RecordedSeconds > before ? second : plain).push_back(ProcessorMilliseconds() - start);
     }
+    std::puts("processor time; the budget of a tick is 2 ms");
     Print("tick of 20 ms", plain);
     Print("tick with the second's analyses", second);
     std::printf("%-34s worst %.0f ms, beats %d\n", "beat to lamp", Diagnostics.BeatToLamp.Worst,

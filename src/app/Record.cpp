@@ -178,7 +178,9 @@ int RunRecord(Arguments arguments, const RecordWorld& world) {
         return Complain(MonitorName + ": there is no such monitor", ExitUsage);
     for (const auto& [key, value] : options->Settings) {
         if (!monitors.SetOption(MonitorName, key, value))
-            return Complain("--option " + key + "=" + value + ": not an option of this monitor", ExitUsage);
+            return Complain(
+                std::string(key).append("=").append(value).append(": not an option of ").append(MonitorName),
+                ExitUsage);
     }
     std::signal(SIGINT, [](int) { endWanted = 1; });
     std::signal(SIGTERM, [](int) { endWanted = 1; });

@@ -2,6 +2,7 @@
 #include "app/Picture.h"
 #include "app/RunWindow.h"
 #include "app/ScanPages.h"
+#include "platform/monitors/DeviceMonitors.h"
 #include "platform/monitors/StandardMonitors.h"
 #include "platform/system/DisplayAnswers.h"
 
@@ -42,10 +43,15 @@ std::optional<WindowOptions> ParseWindowOptions(const std::vector<std::string>& 
     return options;
 }
 
+void AddAllMonitors(SystemMonitors& monitors, const MonitorSurroundings& surroundings) {
+    AddStandardMonitors(monitors, surroundings);
+    AddDeviceMonitors(monitors, surroundings);
+}
+
 // Monitors on a port or a radio live in the toolkit's event loop.
 int RunRecordHere(int argc, char** argv, Arguments arguments) {
     const QCoreApplication application(argc, argv);
-    return RunRecord(arguments, {.AddMonitors = &AddStandardMonitors, .Wait = [](int milliseconds) {
+    return RunRecord(arguments, {.AddMonitors = &AddAllMonitors, .Wait = [](int milliseconds) {
                                      QEventLoop loop;
                                      QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop,
                                                         &QEventLoop::quit);

@@ -201,7 +201,10 @@ bool ReadJournal(std::string_view text, JournalContent& content) {
 }
 
 Long JournalSeconds(const JournalContent& content) {
-    const auto samples = static_cast<Long>(content.EcgA.size());
+    auto samples = static_cast<Long>(content.EcgA.size());
+    const auto behind = samples - static_cast<Long>(content.EcgB.size());
+    if (behind > 0 && behind < SamplesPerSecond && !content.EcgB.empty())
+        samples -= behind; // the end was torn between the two channels
     return (samples + SamplesPerSecond / 2) / SamplesPerSecond;
 }
 

@@ -35,7 +35,7 @@ struct JournalHead {
 /// What a journal holds.
 struct JournalContent {
     JournalHead Head;
-    std::vector<float> EcgA, EcgB; ///< from the session's first sample on; a channel that was not recorded: none
+    std::vector<float> EcgA, EcgB; ///< from the session's first sample on; B empty if it was not recorded
     std::vector<float> IbiA, IbiB; ///< from second 1 on
     std::size_t WholeBytes = 0;    ///< bytes before a torn end
 };

@@ -65,7 +65,7 @@ bool AnySample(const std::vector<float>& raw) {
 // Keeps the newest samples that fit `room`, which is in samples of the session.
 void KeepNewest(LiveInput& input, double room) {
     const double most = std::max(0.0, room / SamplesPerSecond * MonitorRate(input.Number));
-    const auto count = static_cast<std::size_t>(most + 0.5);
+    const auto count = static_cast<std::size_t>(Round(most));
     if (input.Raw.size() > count)
         input.Raw.erase(input.Raw.begin(), input.Raw.end() - static_cast<std::ptrdiff_t>(count));
 }

@@ -118,7 +118,7 @@ void JournalIntervals(Long second) {
     const Long changed = second - IntervalSeries::SettledAfter;
     const Long first = std::max<Long>(1, std::min(writtenSeconds + 1, changed));
     writtenSeconds = second;
-    const auto count = static_cast<std::size_t>(second - first + 1);
+    const auto count = static_cast<std::size_t>(second) - static_cast<std::size_t>(first) + 1;
     AppendIntervals(bytes, first, {IbiA.data() + first - 1, count}, {IbiB.data() + first - 1, count});
     journal->Append(std::move(bytes), true);
     Diagnostics.JournalSeconds = second;
