@@ -8,8 +8,8 @@
 
 namespace pulselark {
 
-/// An ECG monitor as the acquisition meets it: nine operations, in the order of their use. Channels count
-/// from 1. No call waits: what has not arrived yet comes with a later `Read_Buff`.
+/// An ECG monitor as the acquisition meets it: nine operations, in the order of their use, and a check.
+/// Channels count from 1. No call waits: what has not arrived yet comes with a later `Read_Buff`.
 class EcgMonitor {
 public:
     virtual ~EcgMonitor() = default;
@@ -29,6 +29,9 @@ public:
     /// false while the connection is lost; the monitor goes on seeking it by itself. The samples of that time
     /// are never delivered: how long it was, the caller's clock knows.
     virtual bool Read_Buff(Integer channel, std::vector<float>& samples) = 0;
+    /// The heart rate by the monitor's own reckoning, beats a minute, as a check of the beats that are found;
+    /// 0 if it has none.
+    virtual double OwnHeartRate() { return 0; }
     virtual void CloseC2(Integer handle) = 0;
 };
 
