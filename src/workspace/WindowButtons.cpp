@@ -35,7 +35,7 @@ QKeySequence KeyOf(ControlButton which) {
     case ControlMinimise:
         return QKeySequence("Ctrl+M");
     case ControlMaximise:
-        return QKeySequence("F10");
+        return QKeySequence("Alt+F10");
     case ControlClose:
         return QKeySequence("Ctrl+Q");
     }
