@@ -149,7 +149,7 @@ void ModuleDesk::ConnectFrame(int index) {
     }
 }
 
-// What the window's buttons do for all panels, for one of them.
+// What the window's buttons and the tools menu do for all panels, for one of them.
 void ModuleDesk::ShowPlaceMenu(int index, const QPoint& at) {
     auto* menu = new QMenu(window_);
     menu->setObjectName("picPlaceMenu");
@@ -157,6 +157,10 @@ void ModuleDesk::ShowPlaceMenu(int index, const QPoint& at) {
     QAction* keep = menu->addAction(Text(TextKeepPlace));
     QAction* back = menu->addAction(Text(TextBackToPlace));
     back->setEnabled(LayoutMayChange());
+    menu->addSeparator();
+    QAction* picture = menu->addAction(Text(TextMenuSnapshot));
+    picture->setObjectName("labPanelSnapshot");
+    connect(picture, &QAction::triggered, this, [this, index] { Snapshot(index); });
     connect(keep, &QAction::triggered, this, [this, index] { run_([=] { SavePanelRect(index); }); });
     connect(back, &QAction::triggered, this, [this, index] { run_([=] { BackToPlace(index); }); });
     menu->popup(at);
