@@ -86,6 +86,7 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
     setMinimumSize(800, 600);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
+    setFocus(); // else a button would have the space bar as soon as the window is activated
     setFont(TextFont(13));
     loading_->setObjectName("labLoading");
     loading_->setAlignment(Qt::AlignCenter);
