@@ -20,6 +20,7 @@
 #include "workspace/Look.h"
 #include "workspace/MainMenus.h"
 #include "workspace/ModuleDesk.h"
+#include "workspace/ModuleFrame.h"
 #include "workspace/ScanPanel.h"
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
@@ -36,6 +37,7 @@
 #include "workspace/frmUserGuide.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -84,11 +86,15 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
     setMinimumSize(800, 600);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
+    setFocus(); // else a button would have the space bar as soon as the window is activated
     setFont(TextFont(13));
     loading_->setObjectName("labLoading");
     loading_->setAlignment(Qt::AlignCenter);
     loading_->setFont(TextFont(20, 500));
     loading_->hide();
+    desk_->Snapshot = [this](int index) {
+        ShowSnapshot(desk_->Frame(static_cast<std::size_t>(index))->grab(), Text(TextModuleEcgInput + index));
+    };
     BuildMenus();
     ConnectTransport();
     openTimer_.setSingleShot(true);
@@ -117,7 +123,7 @@ void frmMain::BuildMenus() {
     routines.Document = [this] {
         ShowForm(report_, this, [this](const std::function<void()>& routine) { Do(routine); });
     };
-    routines.Snapshot = [this] { ShowSnapshot(); };
+    routines.Snapshot = [this] { ShowSnapshot(grab(), ProgramTitle); };
     routines.UserGuide = [this] { ShowForm(guide_, this, GuideFolder()); };
     routines.About = [this] {
         if (about_ == nullptr)
@@ -127,11 +133,10 @@ void frmMain::BuildMenus() {
     menus_ = new MainMenus(topBar_->Menus(), this, std::move(routines));
 }
 
-void frmMain::ShowSnapshot() {
-    const QPixmap picture = grab();
+void frmMain::ShowSnapshot(const QPixmap& picture, const QString& name) {
     if (pictures_ == nullptr)
         pictures_ = new frmODS(this);
-    pictures_->ShowPicture(picture, ProgramTitle);
+    pictures_->ShowPicture(picture, name);
 }
 
 void frmMain::ShowSettings() {
@@ -273,6 +278,14 @@ bool frmMain::MoveChosenPanel(const QKeyEvent& event) {
     const bool sizes = (event.modifiers() & Qt::ShiftModifier) != 0;
     Do([=] { sizes ? SizePanelBy(ActivePanel, dx, dy) : MovePanelBy(ActivePanel, dx, dy); });
     return true;
+}
+
+// The menu key opens the menu of the panel that the keyboard has.
+void frmMain::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard || !panelChosen_ || ActivePanel < 0)
+        return;
+    const QWidget* frame = desk_->Frame(static_cast<std::size_t>(ActivePanel));
+    desk_->ShowPlaceMenu(ActivePanel, frame->mapToGlobal(QPoint(8, 32)));
 }
 
 void frmMain::mousePressEvent(QMouseEvent* event) {

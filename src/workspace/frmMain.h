@@ -52,6 +52,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -67,7 +68,7 @@ private:
     void ConnectTransport();
     void LayOut();
     void ShowSettings();
-    void ShowSnapshot();
+    void ShowSnapshot(const QPixmap& picture, const QString& name);
     void OpenWaitingFile();
     void PlaceModules(bool redraw);
     void CancelDrag();

@@ -189,7 +189,7 @@ void frmViewMenu::ListConfigurations() {
         configurations_->addAction(Text(TextMenuNoConfigurations))->setEnabled(false);
     for (std::size_t i = 0; i < fileList.size(); ++i) {
         const int index = static_cast<int>(i);
-        LoadConfigPreview(index);
+        LoadConfigPicture(index);
         QAction* action = configurations_->addAction(QString::fromStdString(fileList[i]).section('.', 0, 0));
         action->setObjectName(QString("fileList%1").arg(index));
         action->setIcon(ConfigPicture(devicePixelRatioF()));
