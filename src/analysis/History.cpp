@@ -1,6 +1,7 @@
 #include "analysis/History.h"
 
 #include "analysis/ColourSchemes.h"
+#include "analysis/GameChart.h"
 #include "analysis/GainDrag.h"
 #include "analysis/HistoryStyles.h"
 #include "session/LanguageTable.h"
@@ -280,6 +281,7 @@ void PlaceHistoryCaptions(const HistoryView& view) {
 
 void DrawHistoryA() {
     DrawHistory(viewA);
+    MoveGameMarker();
 }
 void DrawHistoryB() {
     DrawHistory(viewB);

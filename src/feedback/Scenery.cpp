@@ -50,6 +50,8 @@ void StartScrollTick() {
 void SetupTick() {
     timSendGameSetup.Enabled = false;
     SendSceneryState(false);
+    // The set-up does not hold the balance, and a scenery that has just started does not know it.
+    SendAppCommand(CmdBreathingBalance, BreathingBalance);
     RefreshCoherenceFrame();
 }
 

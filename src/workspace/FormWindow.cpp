@@ -13,6 +13,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace pulselark {
 
 namespace {
@@ -179,7 +181,10 @@ void FormWindow::FitToScreen() {
         (*part)->updateGeometry();
     }
     body_->layout()->activate();
-    QSize wanted = body_->sizeHint() + QSize(0, TitleRow);
+    QSize wanted = body_->sizeHint();
+    // Texts that wrap may want more lines at this width than their hint counts on.
+    wanted.setHeight(std::max(wanted.height(), body_->layout()->totalHeightForWidth(wanted.width())));
+    wanted.rheight() += TitleRow;
     const int height = RoomFor(*this, wanted).height();
     if (height < wanted.height()) // the scroll bar takes its room from the body
         wanted.rwidth() += scroll_->verticalScrollBar()->sizeHint().width();
