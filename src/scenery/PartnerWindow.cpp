@@ -2,6 +2,7 @@
 
 #include "platform/link/SocketTransport.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -56,7 +57,15 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
         break;
     case WindowAction::Close:
         // The message has to be answered before the program goes.
-        QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                const bool shown = isVisible();
+                close();
+                if (!shown) // nobody else would end the program then
+                    QCoreApplication::quit();
+            },
+            Qt::QueuedConnection);
         break;
     case WindowAction::ShowMenu:
         ComeForward();

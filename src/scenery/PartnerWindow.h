@@ -23,6 +23,8 @@ public:
     /// Begins to listen. False when another window listens under this title; that one has then been asked to
     /// come forward.
     bool Listen();
+    /// Shows the window for the first time.
+    virtual void Present() { show(); }
 
 protected:
     /// A message has come.

@@ -181,9 +181,8 @@ void FormWindow::FitToScreen() {
         (*part)->updateGeometry();
     }
     body_->layout()->activate();
-    QSize wanted = body_->sizeHint();
-    // Texts that wrap may want more lines at this width than their hint counts on.
-    wanted.setHeight(std::max(wanted.height(), body_->layout()->totalHeightForWidth(wanted.width())));
+    // What cannot be squeezed may be higher than what would do.
+    QSize wanted = body_->sizeHint().expandedTo(body_->minimumSizeHint());
     wanted.rheight() += TitleRow;
     const int height = RoomFor(*this, wanted).height();
     if (height < wanted.height()) // the scroll bar takes its room from the body
