@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace pulselark {
 
@@ -51,6 +52,14 @@ bool PartnerWindow::Listen() {
     return true;
 }
 
+void PartnerWindow::AwaitPlace(int longest) {
+    awaitsPlace_ = true;
+    QTimer::singleShot(longest, this, [this] {
+        if (std::exchange(awaitsPlace_, false))
+            show();
+    });
+}
+
 void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
     switch (action) {
     case WindowAction::Nothing:
@@ -76,11 +85,13 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
         break;
     case WindowAction::TakePlace:
         placed_ = true;
+        awaitsPlace_ = false;
         MoveTo(place);
         ComeForward();
         break;
     case WindowAction::ComeForward:
-        ComeForward();
+        if (!awaitsPlace_)
+            ComeForward();
         break;
     }
 }

@@ -30,6 +30,8 @@ protected:
     /// A message has come.
     virtual void Take(const LinkMessage& message) = 0;
     void Do(WindowAction action, const ScenePlace& place);
+    /// Stays hidden until its place is told, or for these milliseconds.
+    void AwaitPlace(int longest);
     virtual void ShowMenu() {}
 
     void ToggleFullScreen();
@@ -53,6 +55,7 @@ private:
     PartnerListener listener_;
     std::unique_ptr<QSocketNotifier> arrived_;
     QTimer fill_;
+    bool awaitsPlace_ = false;
     bool wide_ = false;   ///< was told to fill the screen
     QRect usual_;         ///< place before the whole screen was filled
     bool placed_ = false; ///< over a panel of the main program, in front of which it has to stay

@@ -56,7 +56,7 @@ SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new Scener
 void SceneryWindow::Present() {
     constexpr int LongestWait = 6000; // the place is told after 3.5 seconds
     if (qEnvironmentVariableIsSet("PULSELARK_STARTED"))
-        QTimer::singleShot(LongestWait, this, &QWidget::show);
+        AwaitPlace(LongestWait);
     else
         show();
 }
