@@ -1,8 +1,8 @@
 #include "analysis/History.h"
 
 #include "analysis/ColourSchemes.h"
-#include "analysis/GameChart.h"
 #include "analysis/GainDrag.h"
+#include "analysis/GameChart.h"
 #include "analysis/HistoryStyles.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"

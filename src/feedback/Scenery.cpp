@@ -70,8 +70,9 @@ void StartWideFeedback() {
     LayoutCanvas();
     OpenAllPanels(true);
     LinkWindowTitle = "WideFeedback";
-    static_cast<void>(ShellExecuteChecked(SceneryProgram, ShownNormally, "", "", "open"));
-    SceneryOpen = On;
+    // A program that is not there is no failure of the training: its cover says so in a while.
+    const ShellOutcome outcome = ShellExecuteChecked(SceneryProgram, ShownNormally, "", "", "open");
+    SceneryOpen = ToBoolean(!outcome.Failed);
     timSendGameSetup.Enabled = true;
 }
 

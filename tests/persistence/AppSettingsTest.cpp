@@ -130,7 +130,8 @@ TEST_F(OmsFiles, EveryFlagHasItsLine) {
         {14, &ShowGoldenRatio},    {15, &ShowOctaveRatio},   {16, &SolidFillGraph},  {17, &OctaveInFront},
         {19, &SnapPanels},         {24, &ShortcutDone},      {30, &AutoEndSession},  {37, &SpectrumPerHz},
         {38, &QsShowPie},          {39, &QsShowBands},       {40, &QsShowReference}, {41, &ShowBpmCoherence},
-        {43, &QsShowBpm},          {45, &MidiInPanels},      {48, &SolidGraphs},     {49, &ShowHrvPower}};
+        {43, &QsShowBpm},          {45, &MidiInPanels},      {47, &TrainingActive},  {48, &SolidGraphs},
+        {49, &ShowHrvPower}};
     for (const auto& flag : flags) {
         auto lines = AppLines;
         for (std::string& line : lines)
