@@ -31,6 +31,11 @@ PartnerWindow::PartnerWindow(const QString& title)
         if (wide_ && geometry() != screen()->geometry())
             setGeometry(screen()->geometry());
     });
+    await_.setSingleShot(true);
+    connect(&await_, &QTimer::timeout, this, [this] {
+        if (std::exchange(awaitsPlace_, false))
+            show();
+    });
     setWindowTitle(title);
     setAccessibleName(title);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -54,10 +59,14 @@ bool PartnerWindow::Listen() {
 
 void PartnerWindow::AwaitPlace(int longest) {
     awaitsPlace_ = true;
-    QTimer::singleShot(longest, this, [this] {
-        if (std::exchange(awaitsPlace_, false))
-            show();
-    });
+    await_.start(longest);
+}
+
+void PartnerWindow::End() {
+    const bool shown = isVisible();
+    close();
+    if (!shown) // nobody else would end the program then
+        QCoreApplication::quit();
 }
 
 void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
@@ -66,15 +75,7 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
         break;
     case WindowAction::Close:
         // The message has to be answered before the program goes.
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                const bool shown = isVisible();
-                close();
-                if (!shown) // nobody else would end the program then
-                    QCoreApplication::quit();
-            },
-            Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "End", Qt::QueuedConnection);
         break;
     case WindowAction::ShowMenu:
         ComeForward();

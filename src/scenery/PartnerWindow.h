@@ -47,6 +47,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    /// Closes the window, and with it the program.
+    Q_INVOKABLE void End();
     void MoveTo(const ScenePlace& place);
     void LeaveFullScreen();
     void StayOnTop(bool on);
@@ -54,7 +56,7 @@ private:
     QElapsedTimer clock_;
     PartnerListener listener_;
     std::unique_ptr<QSocketNotifier> arrived_;
-    QTimer fill_;
+    QTimer fill_, await_;
     bool awaitsPlace_ = false;
     bool wide_ = false;   ///< was told to fill the screen
     QRect usual_;         ///< place before the whole screen was filled
