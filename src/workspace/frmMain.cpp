@@ -1,5 +1,6 @@
 #include "workspace/frmMain.h"
 
+#include "analysis/GameChart.h"
 #include "feedback/FeedbackModes.h"
 #include "feedback/ModeSelector.h"
 #include "images/BackgroundPicture.h"
@@ -30,6 +31,7 @@
 #include "workspace/WindowButtons.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
+#include "workspace/frmGames.h"
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
 #include "workspace/frmReport.h"
@@ -168,6 +170,8 @@ void frmMain::ApplyLanguage() {
         report_->Retranslate();
     if (pictures_ != nullptr)
         pictures_->Retranslate();
+    if (games_ != nullptr)
+        games_->Retranslate();
     ApplyLook();
     Mirror();
 }
@@ -217,10 +221,22 @@ void frmMain::Mirror() {
         settings_->ShowMarks();
     if (report_ != nullptr && report_->isVisible())
         report_->Mirror();
+    MirrorGames();
     loading_->setText(QString::fromStdString(labLoading.Caption));
     loading_->setVisible(labLoading.Visible);
     timers_.Sync();
     OpenWaitingFile();
+}
+
+void frmMain::MirrorGames() {
+    const bool shown = games_ != nullptr && games_->isVisible();
+    if (GamesOpen != Off && !shown)
+        ShowForm(games_, this, [this](const std::function<void()>& routine) { Do(routine); });
+    if (games_ == nullptr)
+        return;
+    if (GamesOpen == Off && shown)
+        games_->hide();
+    games_->Mirror();
 }
 
 void frmMain::ApplyLook() {

@@ -22,6 +22,7 @@ class WindowButtons;
 class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
+class frmGames;
 class frmLanguage;
 class frmODS;
 class frmReport;
@@ -69,6 +70,7 @@ private:
     void LayOut();
     void ShowSettings();
     void ShowSnapshot(const QPixmap& picture, const QString& name);
+    void MirrorGames();
     void OpenWaitingFile();
     void PlaceModules(bool redraw);
     void CancelDrag();
@@ -90,6 +92,7 @@ private:
     QPointer<frmUserGuide> guide_;
     QPointer<frmODS> pictures_;
     QPointer<frmReport> report_;
+    QPointer<frmGames> games_;
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;
