@@ -26,7 +26,7 @@ void PromiseRanges() {
     Promise(SpectrumMaxHz >= 10 && SpectrumMaxHz <= 64 && SpectrumGain > 0 && SpectrumGain < 2000);
     Promise(HistorySpanSeconds >= 10 && HistorySpanSeconds <= 364 && HistoryStyle >= 1 && HistoryStyle <= 9);
     Promise(ChannelMode >= 1 && ChannelMode <= 3 && LanguageIndex >= 0 && LanguageIndex < LanguageCount);
-    Promise(ColourSchemeIndex >= 0 && ColourSchemeIndex < ColourSchemeCount && TrainingActive == Off);
+    Promise(ColourSchemeIndex >= 0 && ColourSchemeIndex < ColourSchemeCount);
     Promise(MovingAverageWidth >= 0 && MovingAverageWidth <= 29);
     Promise(DynamicIndexInterval >= 4 && DynamicIndexInterval <= 61 && BreathingRate >= 2);
     Promise(BreathingRate <= 60 && BreathingBalance >= 1 && BreathingBalance <= 10);

@@ -2,6 +2,7 @@
 
 #include "analysis/ColourSchemes.h"
 #include "analysis/GainDrag.h"
+#include "analysis/GameChart.h"
 #include "analysis/HistoryStyles.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -280,6 +281,7 @@ void PlaceHistoryCaptions(const HistoryView& view) {
 
 void DrawHistoryA() {
     DrawHistory(viewA);
+    MoveGameMarker();
 }
 void DrawHistoryB() {
     DrawHistory(viewB);

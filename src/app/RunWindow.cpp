@@ -107,6 +107,7 @@ std::unique_ptr<EventTrace> TraceInto(std::FILE& file) {
 int RunWindow(int argc, char** argv, const WindowOptions& options) {
     const QApplication application(argc, argv);
     StartToolkit();
+    qputenv("PULSELARK_STARTED", "1"); // programs that it starts can tell that they will be led
     WindowPlatform platform;
     if (options.FullSpeed)
         platform.SetUnattended();

@@ -50,6 +50,8 @@ void StartScrollTick() {
 void SetupTick() {
     timSendGameSetup.Enabled = false;
     SendSceneryState(false);
+    // The set-up does not hold the balance, and a scenery that has just started does not know it.
+    SendAppCommand(CmdBreathingBalance, BreathingBalance);
     RefreshCoherenceFrame();
 }
 
@@ -68,8 +70,9 @@ void StartWideFeedback() {
     LayoutCanvas();
     OpenAllPanels(true);
     LinkWindowTitle = "WideFeedback";
-    static_cast<void>(ShellExecuteChecked(SceneryProgram, ShownNormally, "", "", "open"));
-    SceneryOpen = On;
+    // A program that is not there is no failure of the training: its cover says so in a while.
+    const ShellOutcome outcome = ShellExecuteChecked(SceneryProgram, ShownNormally, "", "", "open");
+    SceneryOpen = ToBoolean(!outcome.Failed);
     timSendGameSetup.Enabled = true;
 }
 

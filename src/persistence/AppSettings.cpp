@@ -82,7 +82,7 @@ void AnalysisLines(Records& records) {
     records.Whole(MovingAverageKnob, 0, KnobEnd);
     records.Flag(MidiInPanels);
     records.Whole(ColourSchemeIndex, 0, ColourSchemeCount - 1);
-    records.FlagNotTaken(TrainingActive);
+    records.Flag(TrainingActive);
     records.Flag(SolidGraphs);
     records.Flag(ShowHrvPower);
     records.Text(MonitorName);

@@ -4,6 +4,7 @@
 #include "session/ModulePanels.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace pulselark {
 
@@ -48,11 +49,19 @@ void ReadConfig(TextRecordReader& reader) {
     PanelOnCanvas[CanvasRow] = reader.NextInteger();
 }
 
-void ReadPreviewRecord(TextRecordReader& reader, PreviewPlace& place, bool ofWindow) {
-    place.Left = reader.NextInteger();
-    place.Top = reader.NextInteger();
-    place.Height = reader.NextInteger();
-    place.Width = reader.NextInteger();
+Integer ReadLength(TextRecordReader& reader, int share) {
+    if (share == 1)
+        return reader.NextInteger();
+    constexpr double Most = std::numeric_limits<Integer>::max();
+    return static_cast<Integer>(
+        Round(std::clamp(static_cast<double>(reader.NextSingle()) / share, -Most, Most)));
+}
+
+void ReadPreviewRecord(TextRecordReader& reader, PreviewPlace& place, int share, bool ofWindow) {
+    place.Left = ReadLength(reader, share);
+    place.Top = ReadLength(reader, share);
+    place.Height = ReadLength(reader, share);
+    place.Width = ReadLength(reader, share);
     // A file whose window has any other value there can be loaded, too.
     place.Visible = ofWindow ? ToBoolean(reader.NextText() == "#TRUE#") : reader.NextBoolean();
     place.Style = reader.NextInteger();
@@ -73,11 +82,11 @@ FileOutcome ReadConfigText(std::string_view text) {
     return ReadRecords(text, ReadConfig);
 }
 
-FileOutcome ReadConfigPreview(std::string_view text) {
-    return ReadRecords(text, [](TextRecordReader& reader) {
+FileOutcome ReadConfigPreview(std::string_view text, int share) {
+    return ReadRecords(text, [share](TextRecordReader& reader) {
         for (std::size_t i = 0; i < picModule.size(); ++i)
-            ReadPreviewRecord(reader, ConfigPreview[i], false);
-        ReadPreviewRecord(reader, ConfigPreview[CanvasRow], true);
+            ReadPreviewRecord(reader, ConfigPreview[i], share, false);
+        ReadPreviewRecord(reader, ConfigPreview[CanvasRow], share, true);
     });
 }
 

@@ -24,6 +24,7 @@ std::string ConfigText();
 
 /// Fills `ConfigPreview` from the text of a configuration, rows 0 to 6 and 10. Lengths are taken as 16-bit
 /// numbers: one that does not fit ends the reading with failure 6; else the failures are the same.
-FileOutcome ReadConfigPreview(std::string_view text);
+/// With a `share` above 1 they are divided by it, so that a wide window has room.
+FileOutcome ReadConfigPreview(std::string_view text, int share = 1);
 
 } // namespace pulselark

@@ -45,7 +45,8 @@ std::optional<std::string> NameToLoad(int which) {
     return InConfigFolder(fileList[static_cast<std::size_t>(which)]);
 }
 
-FileOutcome ReadFile(const std::string& name, FileOutcome (*read)(std::string_view)) {
+template <class Read>
+FileOutcome ReadFile(const std::string& name, Read read) {
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0)
         return {failure, 0};
@@ -134,8 +135,17 @@ void LoadConfigPreview(int index) {
         return;
     }
     const std::string name = InConfigFolder(fileList[static_cast<std::size_t>(index)]);
-    if (ReadFile(name, &ReadConfigPreview).Number != 0)
+    if (ReadFile(name, [](std::string_view text) { return ReadConfigPreview(text); }).Number != 0)
         TellPreviewFailure();
+}
+
+void LoadConfigPicture(int index) {
+    constexpr int Share = 8; // room for windows of 17,475 pixels
+    ConfigPreview = {};
+    const auto read = [](std::string_view text) { return ReadConfigPreview(text, Share); };
+    const bool listed = index >= 0 && static_cast<std::size_t>(index) < fileList.size();
+    if (!listed || ReadFile(InConfigFolder(fileList[static_cast<std::size_t>(index)]), read).Number != 0)
+        LoadConfigPreview(index);
 }
 
 } // namespace pulselark

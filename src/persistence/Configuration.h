@@ -28,4 +28,8 @@ void SaveConfig(int which);
 /// Reads entry `index` of `fileList` into `ConfigPreview`. A failure is told.
 void LoadConfigPreview(int index);
 
+/// The same in eighths, for a picture: the window of a wide screen has more twips than 16 bits, and its
+/// layout is no failure.
+void LoadConfigPicture(int index);
+
 } // namespace pulselark

@@ -22,8 +22,6 @@ public:
     void Header() { lines_.NextText(); }
     void Text(std::string& value) { value = lines_.NextText(); }
     void Flag(Boolean& value) { value = lines_.NextBoolean(); }
-    /// A flag that is kept in the file and not taken from it.
-    void FlagNotTaken(Boolean /*value*/) { lines_.NextBoolean(); }
     void Whole(Integer& value, Integer least = std::numeric_limits<Integer>::min(),
                Integer most = std::numeric_limits<Integer>::max());
     void Real(double& value, double least, double most);
@@ -43,7 +41,6 @@ public:
     void Header() { AppendTextLine(Out, "PulseLark"); }
     void Text(const std::string& value) { AppendTextLine(Out, value); }
     void Flag(Boolean value) { AppendBooleanLine(Out, value); }
-    void FlagNotTaken(Boolean value) { AppendBooleanLine(Out, value); }
     void Whole(Integer value, Integer least = std::numeric_limits<Integer>::min(),
                Integer most = std::numeric_limits<Integer>::max()) {
         AppendLongLine(Out, std::clamp(value, least, most)); // held as the reader would

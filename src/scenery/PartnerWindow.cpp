@@ -2,6 +2,7 @@
 
 #include "platform/link/SocketTransport.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -11,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace pulselark {
 
@@ -28,6 +30,11 @@ PartnerWindow::PartnerWindow(const QString& title)
     connect(&fill_, &QTimer::timeout, this, [this] {
         if (wide_ && geometry() != screen()->geometry())
             setGeometry(screen()->geometry());
+    });
+    await_.setSingleShot(true);
+    connect(&await_, &QTimer::timeout, this, [this] {
+        if (std::exchange(awaitsPlace_, false))
+            show();
     });
     setWindowTitle(title);
     setAccessibleName(title);
@@ -50,13 +57,25 @@ bool PartnerWindow::Listen() {
     return true;
 }
 
+void PartnerWindow::AwaitPlace(int longest) {
+    awaitsPlace_ = true;
+    await_.start(longest);
+}
+
+void PartnerWindow::End() {
+    const bool shown = isVisible();
+    close();
+    if (!shown) // nobody else would end the program then
+        QCoreApplication::quit();
+}
+
 void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
     switch (action) {
     case WindowAction::Nothing:
         break;
     case WindowAction::Close:
         // The message has to be answered before the program goes.
-        QMetaObject::invokeMethod(this, "close", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "End", Qt::QueuedConnection);
         break;
     case WindowAction::ShowMenu:
         ComeForward();
@@ -67,11 +86,13 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
         break;
     case WindowAction::TakePlace:
         placed_ = true;
+        awaitsPlace_ = false;
         MoveTo(place);
         ComeForward();
         break;
     case WindowAction::ComeForward:
-        ComeForward();
+        if (!awaitsPlace_)
+            ComeForward();
         break;
     }
 }

@@ -23,11 +23,15 @@ public:
     /// Begins to listen. False when another window listens under this title; that one has then been asked to
     /// come forward.
     bool Listen();
+    /// Shows the window for the first time.
+    virtual void Present() { show(); }
 
 protected:
     /// A message has come.
     virtual void Take(const LinkMessage& message) = 0;
     void Do(WindowAction action, const ScenePlace& place);
+    /// Stays hidden until its place is told, or for these milliseconds.
+    void AwaitPlace(int longest);
     virtual void ShowMenu() {}
 
     void ToggleFullScreen();
@@ -43,6 +47,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    /// Closes the window, and with it the program.
+    Q_INVOKABLE void End();
     void MoveTo(const ScenePlace& place);
     void LeaveFullScreen();
     void StayOnTop(bool on);
@@ -50,7 +56,8 @@ private:
     QElapsedTimer clock_;
     PartnerListener listener_;
     std::unique_ptr<QSocketNotifier> arrived_;
-    QTimer fill_;
+    QTimer fill_, await_;
+    bool awaitsPlace_ = false;
     bool wide_ = false;   ///< was told to fill the screen
     QRect usual_;         ///< place before the whole screen was filled
     bool placed_ = false; ///< over a panel of the main program, in front of which it has to stay

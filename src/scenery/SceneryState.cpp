@@ -39,6 +39,7 @@ void SceneryState::TakeSetting(int command, double p1, double now) {
         break;
     case CmdStartScroll:
     case CmdStopScroll:
+        scrollTold_ = true;
         SetScrolling(command == CmdStartScroll, now);
         break;
     case CmdBreathingRate:
@@ -108,6 +109,9 @@ void SceneryState::TakeValue(double value, double now) {
     if (!std::isfinite(value) || !feedback_)
         return;
     const double ease = timeLapse_ ? LapseEase : UsualEase;
+    // A scenery that comes into a session that runs hears the level and its values, but not the start.
+    if (level_ >= 2 && !scrollTold_ && !scrolling_)
+        SetScrolling(true, now);
     if (level_ >= 2)
         light_.Aim(std::clamp(value / Percent, 0.0, 1.0), now, ease);
     else if (level_ == 1 && value >= ShortestInterval && value <= LongestInterval)

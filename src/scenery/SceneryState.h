@@ -29,6 +29,9 @@
 /// | value | levels 2 and 3: percent; level 1: interval between beats in seconds; else none |
 /// | 243, arrays | of no use to a scenery |
 ///
+/// A scenery that comes into a session that runs has missed the start: until a 225 or 226 comes, a value at
+/// levels 2 and 3 lets it scroll.
+///
 /// Anything else is ignored, and so are parameters that are no numbers.
 namespace pulselark {
 
@@ -71,7 +74,8 @@ private:
     WindowOrders orders_;
     int level_ = -1;
     int scheme_ = 0;
-    double usualRate_ = 0; ///< beats per minute that level 1 swings about, 0 before its first value
+    double usualRate_ = 0;    ///< beats per minute that level 1 swings about, 0 before its first value
+    bool scrollTold_ = false; ///< 225 or 226 has come, and alone counts from then on
     bool scrolling_ = false, pacerOn_ = false, feedback_ = true, timeLapse_ = false;
     bool reducedMotion_ = false;
 };

@@ -53,6 +53,14 @@ SceneryWindow::SceneryWindow() : PartnerWindow("WideFeedback"), menu_(new Scener
     Choose(0);
 }
 
+void SceneryWindow::Present() {
+    constexpr int LongestWait = 6000; // the place is told after 3.5 seconds
+    if (qEnvironmentVariableIsSet("PULSELARK_STARTED"))
+        AwaitPlace(LongestWait);
+    else
+        show();
+}
+
 void SceneryWindow::Choose(int scenery) {
     if (scenery < 0 || scenery >= static_cast<int>(SceneryKinds().size()))
         return;

@@ -22,6 +22,9 @@ class SceneryWindow final : public PartnerWindow {
 public:
     SceneryWindow();
 
+    /// Started by the main program, it waits some seconds for its place, so that it does not stand in the way
+    /// before.
+    void Present() override;
     /// Shows another scenery, by its number in `SceneryKinds()`.
     void Choose(int scenery);
     /// Whether it draws picture after picture.

@@ -79,7 +79,7 @@ int RunWindow(QApplication& application) {
     Window window;
     if (!window.Listen())
         return 0; // the one that runs has come forward
-    window.show();
+    window.Present();
     return application.exec();
 }
 

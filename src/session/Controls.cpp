@@ -1,7 +1,6 @@
 #include "session/Controls.h"
 
 #include "analysis/CoherencePanel.h"
-#include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
 #include "analysis/SpectrumPanel.h"
@@ -9,10 +8,10 @@
 #include "quickscan/QsPage.h"
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
+#include "session/RedrawPanels.h"
 #include "session/Settings.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace pulselark {
 
@@ -35,7 +34,7 @@ PanelPlace& PanelAt(int index) {
 
 // The lower limit first, then the upper one, then the grid.
 float Held(double value, double least, double most) {
-    return SnapToGrid(std::min(std::max(value, least), most));
+    return static_cast<float>(SnapToGrid(std::min(std::max(value, least), most)));
 }
 
 // A panel keeps 40 pixels and the marks of its title bar inside at the left.
@@ -54,8 +53,8 @@ void PlaceOutline(int index, double left, double top) {
 
 void SizeOutline(int index, double width, double height) {
     DragOutline = PanelAt(index);
-    DragOutline.Width = SnapToGrid(std::max<double>(width, MinPanelWidth));
-    DragOutline.Height = SnapToGrid(std::max<double>(height, MinPanelHeight));
+    DragOutline.Width = static_cast<float>(SnapToGrid(std::max<double>(width, MinPanelWidth)));
+    DragOutline.Height = static_cast<float>(SnapToGrid(std::max<double>(height, MinPanelHeight)));
     DragOutline.Visible = On;
 }
 
@@ -79,11 +78,6 @@ bool TakeOutline(int index) {
 void KeepLayout() {
     if (TrainingActive == Off)
         SaveConfig(PreviousConfig);
-}
-
-Integer Whole(double value) {
-    return static_cast<Integer>(std::clamp<std::int64_t>(Round(value), std::numeric_limits<Integer>::min(),
-                                                         std::numeric_limits<Integer>::max()));
 }
 
 } // namespace
@@ -162,10 +156,10 @@ void ChooseNextPanel(int step) {
     }
 }
 
-Integer SnapToGrid(double value) {
+Long SnapToGrid(double value) {
     constexpr double Grid = 10 * TwipsPerPixelX;
     const bool snaps = SnapPanels != Off && value < Workspace.ScreenWidth;
-    return Whole(snaps ? static_cast<double>(Round(value / Grid)) * Grid : value);
+    return static_cast<Long>(Round(snaps ? static_cast<double>(Round(value / Grid)) * Grid : value));
 }
 
 void ShowPanel(int index, bool shown) {
@@ -195,7 +189,7 @@ void OpenPanel(int index) {
         OpenCoherencePanel(true);
         break;
     case 3:
-        OpenHistoryPanel(SessionRunning != Off ? second : AnalysisSecond);
+        OpenHistoryAt(SessionRunning != Off ? second : AnalysisSecond);
         break;
     case 4:
         OpenHrvPanel(true);

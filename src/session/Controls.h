@@ -37,8 +37,9 @@ void SizePanelBy(int index, double dx, double dy);
 void ChooseNextPanel(int step);
 
 /// To the grid of 10 pixels while `SnapPanels` is set and the value is less than the screen's width; else as
-/// it is. Held within 16 bits.
-Integer SnapToGrid(double value);
+/// it is, a whole number of twips. Not held to 16 bits, since they end at 2184 pixels, in the middle of a
+/// wide screen.
+Long SnapToGrid(double value);
 
 /// Shows or hides a panel; one that is shown comes to the front.
 void ShowPanel(int index, bool shown);

@@ -35,6 +35,10 @@ constexpr std::array<PanelPlace, ModulePanelCount> BuiltIn{{{150, 600, 5100, 225
 
 } // namespace
 
+const std::array<PanelPlace, ModulePanelCount>& BuiltInPlaces() {
+    return BuiltIn;
+}
+
 void BringPanelToFront(int index) {
     const auto place = std::find(PanelOrder.begin(), PanelOrder.end(), index);
     std::rotate(place, place + 1, PanelOrder.end());

@@ -105,6 +105,9 @@ inline constexpr int ScanPanelIndex = 5;
 /// Panel `index` becomes the foremost and the one that is worked in.
 void BringPanelToFront(int index);
 
+/// The place of each panel in the built-in layout, on a window of 1024 x 738 pixels.
+const std::array<PanelPlace, ModulePanelCount>& BuiltInPlaces();
+
 /// Puts the panels to their built-in places and empties what is remembered.
 void ResetModulePanels();
 

@@ -20,11 +20,12 @@ Surface* picQS = &NoSurface();
 Surface* picGGZ = &NoSurface();
 Surface* picSD = &NoSurface();
 Surface* picBWave = &NoSurface();
+Surface* picGame = &NoSurface();
 
 void ResetPanelSurfaces() {
     for (Surface** panel :
          {&picIA, &picIB, &picIAP, &picIBP, &picSA, &picSB, &picGCA, &picGCB, &picHRVA, &picHRVB, &picHisA,
-          &picHisB, &picHRVPowerA, &picHRVPowerB, &picQS, &picGGZ, &picSD, &picBWave})
+          &picHisB, &picHRVPowerA, &picHRVPowerB, &picQS, &picGGZ, &picSD, &picBWave, &picGame})
         *panel = &NoSurface();
 }
 

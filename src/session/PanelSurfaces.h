@@ -26,6 +26,7 @@ extern Surface* picQS;    ///< the quick scan's page
 extern Surface* picGGZ;   ///< training view: bars of the histograms and of the scores
 extern Surface* picSD;    ///< its reference bell
 extern Surface* picBWave; ///< breathing wave of the training's settings
+extern Surface* picGame;  ///< chart of the games' window
 
 /// Takes all surfaces away again.
 void ResetPanelSurfaces();

@@ -22,6 +22,12 @@ void RedrawAllPanels() {
     HistoryForceRedraw = Off;
 }
 
+void OpenHistoryAt(Long second) {
+    OpenHistoryPanel(second);
+    if (second == 0)
+        RedrawHistory(); // before the first second only the scales
+}
+
 void OpenAllPanels(bool force) {
     if (SessionRunning != Off && LockScreens != Off && !force)
         return;
@@ -30,7 +36,7 @@ void OpenAllPanels(bool force) {
     OpenEcgPanel(true);
     OpenSpectrumPanel(true);
     OpenCoherencePanel(true);
-    OpenHistoryPanel(AnalysisSecond);
+    OpenHistoryAt(AnalysisSecond);
     OpenHrvPanel(true);
     if (picModule[ScanPanelIndex].Visible != Off)
         OpenQuickScanPanel();

@@ -34,8 +34,7 @@ void StartTrainingReplay(bool keepPlayer) {
         return;
     if (FeedbackMode < 1)
         FeedbackMode = 2;
-    ModeRunning.at(static_cast<std::size_t>(std::clamp(FeedbackMode, 0.0, 3.0))) = On;
-    ApplyModeState();
+    RunModeFromReplay(static_cast<int>(std::clamp(FeedbackMode, 0.0, 3.0)));
     SendAppCommand(CmdSetLevel, FeedbackMode);
     if (FeedbackMode >= 2)
         SendAppCommand(CmdStartScroll);

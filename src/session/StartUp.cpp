@@ -3,6 +3,7 @@
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
+#include "analysis/GameChart.h"
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/SpectrumPanel.h"
@@ -112,6 +113,7 @@ void InitApplication(bool readSettings) {
     ResetModulePanels();
     ResetAppLink();
     ResetTraining();
+    ResetGames();
     ResetModeSelector();
     ResetPacer();
     ResetMusic();

@@ -90,6 +90,8 @@ enum TextNumber : int {
     TextMenuNoConfigurations = 85,
     TextMenuSnapPanels = 86,
     TextMenuTidalView = 87,
+    TextGames = 348,     // title of the games' window, and its menu entry
+    TextGamesAxis = 349, // what its two axes are
     TextMenuMainView = 88,
     TextMenuFullScreen = 89,
 

@@ -2,6 +2,7 @@
 
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
+#include "analysis/GameChart.h"
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
@@ -128,8 +129,10 @@ void AnalysisPanels::BuildHistory() {
     desk_.Frame(HistoryModule)->SetPanels(a, b);
     picHisA = &a->Surface();
     picHisB = &b->Surface();
-    for (PanelView* panel : {a, b})
+    for (PanelView* panel : {a, b}) {
         ConnectScale(HistoryModule, panel, &DragHistoryScale);
+        connect(panel, &PanelView::DoubleClicked, this, [this] { run_(&OpenGamesFromHistory); });
+    }
 }
 
 void AnalysisPanels::BuildHrv() {

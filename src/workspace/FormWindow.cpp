@@ -13,6 +13,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace pulselark {
 
 namespace {
@@ -179,7 +181,9 @@ void FormWindow::FitToScreen() {
         (*part)->updateGeometry();
     }
     body_->layout()->activate();
-    QSize wanted = body_->sizeHint() + QSize(0, TitleRow);
+    // What cannot be squeezed may be higher than what would do.
+    QSize wanted = body_->sizeHint().expandedTo(body_->minimumSizeHint());
+    wanted.rheight() += TitleRow;
     const int height = RoomFor(*this, wanted).height();
     if (height < wanted.height()) // the scroll bar takes its room from the body
         wanted.rwidth() += scroll_->verticalScrollBar()->sizeHint().width();

@@ -17,6 +17,7 @@
 #include <QActionGroup>
 #include <QMenuBar>
 
+#include <array>
 #include <utility>
 
 namespace pulselark {
@@ -33,6 +34,13 @@ MainMenus::MainMenus(QMenuBar* bar, QWidget* window, MenuRoutines routines)
     BuildFileMenu();
     BuildToolsMenu();
     BuildHelpMenu();
+    auto* toBar = new QAction(window_);
+    toBar->setShortcut(QKeySequence("F10"));
+    connect(toBar, &QAction::triggered, this, [this, bar] {
+        bar->setFocus(Qt::MenuBarFocusReason);
+        bar->setActiveAction(file_->menuAction());
+    });
+    window_->addAction(toBar);
     // Shortcuts of a menu work only while their actions belong to the window.
     for (const QMenu* menu : {file_, tools_, help_})
         window_->addActions(menu->actions());
@@ -126,20 +134,43 @@ void MainMenus::Mirror() {
     training_->setText(Text(TrainingActive != Off ? TextMenuLeaveTraining : TextMenuTraining));
 }
 
-void MainMenus::Retranslate() {
-    const auto title = [](QMenu* menu, int text) {
-        menu->setTitle(Text(text));
-        menu->setAccessibleName(Text(text));
+// Each menu of the bar has a letter of its own, which opens it together with Alt: the first of its title that
+// no menu before it has. A script without such letters puts that of the English title behind its own.
+void MainMenus::TitleMenus() {
+    QString taken;
+    const auto giveLetter = [&taken](QString& title) {
+        for (qsizetype i = 0; i < title.size(); ++i) {
+            const QChar letter = title[i].toLower();
+            if (!letter.isLetter() || letter.unicode() > 0x24F || taken.contains(letter))
+                continue;
+            taken += letter;
+            title.insert(i, '&');
+            return true;
+        }
+        return false;
     };
-    title(file_, TextMenuFile);
-    title(tools_, TextMenuTools);
-    title(help_, TextMenuHelp);
+    const std::array<std::pair<QMenu*, int>, 4> menus{
+        {{file_, TextMenuFile}, {view_, TextMenuView}, {tools_, TextMenuTools}, {help_, TextMenuHelp}}};
+    for (const auto& [menu, text] : menus) {
+        QString title = Text(text);
+        menu->setAccessibleName(title);
+        if (!giveLetter(title)) {
+            QString english = QString::fromStdString(LanguageTable(0, text));
+            if (giveLetter(english))
+                title += "(" + english.mid(english.indexOf('&'), 2) + ")";
+        }
+        menu->setTitle(title);
+    }
+}
+
+void MainMenus::Retranslate() {
     for (const Entry& entry : entries_) {
         const bool priority = entry.Text == TextMenuPriorityNormal || entry.Text == TextMenuPriorityHigh;
         entry.Action->setText(priority ? Text(TextMenuProcessPriority) + ": " + Text(entry.Text)
                                        : Text(entry.Text));
     }
     view_->Retranslate();
+    TitleMenus();
 }
 
 } // namespace pulselark

@@ -55,6 +55,7 @@ private:
     void BuildFileMenu();
     void BuildToolsMenu();
     void BuildHelpMenu();
+    void TitleMenus();
 
     QWidget* window_;
     MenuRoutines routines_;

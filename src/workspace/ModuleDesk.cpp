@@ -57,7 +57,7 @@ void FitBuiltInLayout(const QRect& area, int gap) {
     const QRect design(10, 40, 980, 570);
     const auto places = DefaultPlaces(area, gap);
     for (std::size_t i = 0; i < picModule.size(); ++i)
-        PutAt(picModule[i], i < places.size() ? QRectF(places[i]) : Scaled(picModule[i], design, area));
+        PutAt(picModule[i], i < places.size() ? QRectF(places[i]) : Scaled(BuiltInPlaces()[i], design, area));
 }
 
 // What the bars leave of a window, less the gap around the panels.
@@ -67,9 +67,11 @@ QRect WorkArea(const QSize& window) {
         .adjusted(density.Gap, density.Gap, -density.Gap, -density.Gap);
 }
 
-bool BuiltInPlaces() {
+bool StandsAsBuiltIn() {
     const auto& ecg = picModule[0];
-    return ecg.Left == 150 && ecg.Top == 600 && ecg.Width == 5100 && ecg.Height == 2250;
+    const auto& builtIn = BuiltInPlaces()[0];
+    return ecg.Left == builtIn.Left && ecg.Top == builtIn.Top && ecg.Width == builtIn.Width &&
+           ecg.Height == builtIn.Height;
 }
 
 } // namespace
@@ -147,7 +149,7 @@ void ModuleDesk::ConnectFrame(int index) {
     }
 }
 
-// What the window's buttons do for all panels, for one of them.
+// What the window's buttons and the tools menu do for all panels, for one of them.
 void ModuleDesk::ShowPlaceMenu(int index, const QPoint& at) {
     auto* menu = new QMenu(window_);
     menu->setObjectName("picPlaceMenu");
@@ -155,6 +157,10 @@ void ModuleDesk::ShowPlaceMenu(int index, const QPoint& at) {
     QAction* keep = menu->addAction(Text(TextKeepPlace));
     QAction* back = menu->addAction(Text(TextBackToPlace));
     back->setEnabled(LayoutMayChange());
+    menu->addSeparator();
+    QAction* picture = menu->addAction(Text(TextMenuSnapshot));
+    picture->setObjectName("labPanelSnapshot");
+    connect(picture, &QAction::triggered, this, [this, index] { Snapshot(index); });
     connect(keep, &QAction::triggered, this, [this, index] { run_([=] { SavePanelRect(index); }); });
     connect(back, &QAction::triggered, this, [this, index] { run_([=] { BackToPlace(index); }); });
     menu->popup(at);
@@ -176,7 +182,7 @@ void ModuleDesk::MeasureWindow(const QRect& window) {
     FitLoadedLayout();
     if (AutoScaleAll != Off && area.width() > 0 && area.height() > 0) {
         // As long as nobody has moved a panel, the built-in layout is fitted anew.
-        if (BuiltInPlaces() || picModule == fitted_) {
+        if (StandsAsBuiltIn() || picModule == fitted_) {
             FitBuiltInLayout(area, density.Gap);
             fitted_ = picModule;
         } else if (!workArea_.isEmpty() && workArea_ != area) {
@@ -197,7 +203,7 @@ void ModuleDesk::FitLoadedLayout() {
     const QRect to = WorkArea({Pixels(frmCanvas.Width), Pixels(frmCanvas.Height)});
     // A window that nobody can have had says nothing about the panels' proportions.
     const bool credible = from.width() >= 200 && from.height() >= 200;
-    if (AutoScaleAll != Off && BuiltInPlaces()) {
+    if (AutoScaleAll != Off && StandsAsBuiltIn()) {
         FitBuiltInLayout(to, Pixels(Workspace.Gap));
         fitted_ = picModule;
     } else if (AutoScaleAll != Off && credible && from != to) {

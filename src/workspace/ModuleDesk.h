@@ -26,6 +26,9 @@ public:
     /// `run` takes a routine through the core and shows the outcome.
     ModuleDesk(QWidget* window, std::function<void(const std::function<void()>&)> run);
 
+    /// A picture of one panel is wanted.
+    std::function<void(int index)> Snapshot;
+
     ModuleFrame* Frame(std::size_t index) const { return frames_[index]; }
 
     /// Tells the core the sizes of the window and of its bars, and where the window stands. With
@@ -35,10 +38,11 @@ public:
     bool LayOut();
     void Retranslate();
     void Mirror();
+    /// The menu of a panel, at a place on the screen: remembering its place, going back to it, its picture.
+    void ShowPlaceMenu(int index, const QPoint& at);
 
 private:
     void ConnectFrame(int index);
-    void ShowPlaceMenu(int index, const QPoint& at);
     /// Panels that a configuration has placed: proportions as they were in its window, none of them lost.
     void FitLoadedLayout();
 

@@ -147,4 +147,10 @@ void PanelView::mouseReleaseEvent(QMouseEvent* event) {
         emit Released();
 }
 
+void PanelView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event); // its second press is one like any other
+    if (event->button() == Qt::LeftButton)
+        emit DoubleClicked();
+}
+
 } // namespace pulselark

@@ -38,12 +38,14 @@ signals:
     void Moved(int button, double x, double y);
     void Pressed(double x, double y);
     void Released();
+    void DoubleClicked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     void Show(const QtSurface& surface);

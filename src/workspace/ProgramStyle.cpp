@@ -104,7 +104,10 @@ void PaintMenuWord(const QStyleOptionMenuItem& item, QPainter& painter, const QW
     painter.setOpacity(usable ? 1 : Faint);
     painter.setPen(look.BarText);
     painter.setFont(item.font);
-    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextHideMnemonic | Qt::TextSingleLine, item.text);
+    // The letters show while the keyboard has the bar.
+    const bool byKeyboard = bar != nullptr && bar->hasFocus();
+    const auto letters = byKeyboard ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.drawText(item.rect, Qt::AlignCenter | letters | Qt::TextSingleLine, item.text);
     if (chosen && bar != nullptr && bar->hasFocus()) { // by Alt, not by the mouse
         painter.setClipping(false);
         PaintFocusRing(painter, item.rect, 6, Ground::Bar);

@@ -60,7 +60,7 @@ void StatusLine::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), look.Bar);
     painter.setFont(TextFont(12));
     painter.setPen(look.BarText);
-    int right = width() - 16;
+    int right = width() - 24; // clear of the window's grip
     const QStringList facts = facts_.split("\n");
     for (auto fact = facts.crbegin(); fact != facts.crend(); ++fact) {
         const int wide = painter.fontMetrics().horizontalAdvance(*fact);

@@ -50,9 +50,12 @@ TrainingParts TrainingPartsFor(const QSize& panel) {
         parts.ScoreWells[score] = wellOf(parts.Tracks[score]);
     }
     const double left = std::max(wide * 0.041, 16.0);
-    const double right = std::min(left + 560, parts.BarWell.left() - 24);
+    const double right = std::min(left + std::max(560.0, wide * 0.42), parts.BarWell.left() - 24);
     parts.Left = QRectF(left, 0, right - left, high);
-    parts.Rule = high - (panel.width() >= FullPanelWidth ? 64 : 44);
+    // The figures below the bars stand above the rule.
+    constexpr double Figures = 28;
+    parts.Rule =
+        std::max(high - (panel.width() >= FullPanelWidth ? 64 : 44), parts.BarWell.bottom() + Figures);
     return parts;
 }
 

@@ -24,10 +24,12 @@ struct TrainingParts {
 };
 TrainingParts TrainingPartsFor(const QSize& panel);
 
-// Below this size the panel drops its card and legend, below the last width also the bell's heading.
+// Below this size the panel drops its legend, below the last width also the bell's heading.
 inline constexpr int FullPanelWidth = 900;
 inline constexpr int FullPanelHeight = 600;
 inline constexpr int HeadedPanelWidth = 480;
+/// Height below which the card gives its room to the scenery.
+inline constexpr int CardedPanelHeight = 700;
 
 namespace TrainingColour {
 inline constexpr QColor Ink(0x2B, 0x36, 0x58);

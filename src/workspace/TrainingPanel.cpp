@@ -8,6 +8,7 @@
 #include "platform/qt/QtColour.h"
 #include "session/Layout.h"
 #include "session/MainBuffers.h"
+#include "session/MainControls.h"
 #include "session/ModulePanels.h"
 #include "session/PanelSurfaces.h"
 #include "session/Settings.h"
@@ -34,9 +35,14 @@ namespace {
 constexpr double Corner = 8;
 constexpr int CardHeight = 92;
 constexpr int LegendRow = 32;
+constexpr int Gap = 20;
 
 bool Large(const QWidget& panel) {
     return panel.width() >= FullPanelWidth && panel.height() >= FullPanelHeight;
+}
+
+bool HasCard(const QWidget& panel) {
+    return Large(panel) && panel.height() >= CardedPanelHeight;
 }
 
 void PaintLine(QPainter& painter, const QRectF& place, const QFont& font, const QColor& ink,
@@ -154,15 +160,27 @@ double TrainingPanel::HeadBottom() const {
     return Large(*this) ? 132 : 72;
 }
 
-double TrainingPanel::CardBottom() const {
-    return Large(*this) ? HeadBottom() + 20 + CardHeight + 20 + 3 * LegendRow + 8 : HeadBottom();
+double TrainingPanel::LegendTop() const {
+    return HeadBottom() + Gap + (HasCard(*this) ? CardHeight + Gap : 0);
+}
+
+double TrainingPanel::LegendBottom() const {
+    return Large(*this) ? LegendTop() + 3 * LegendRow + 8 : HeadBottom();
+}
+
+// What stands there gives way to the notice for its seconds: the card, else the legend, else the heading.
+QRect TrainingPanel::NoticeRoom() const {
+    const QRectF left = TrainingPartsFor(size()).Left;
+    const double top = Large(*this) ? HeadBottom() + Gap : 6;
+    const int high = HasCard(*this) ? CardHeight : labBFStart_->WantedHeight();
+    return {static_cast<int>(left.left()), static_cast<int>(top), static_cast<int>(left.width()), high};
 }
 
 void TrainingPanel::PlaceControls() {
     const QRectF left = TrainingPartsFor(size()).Left;
     const int x = static_cast<int>(left.left());
     const int wide = static_cast<int>(left.width());
-    int y = static_cast<int>(CardBottom()) + 16;
+    int y = static_cast<int>(LegendBottom()) + 16;
     const QSize source(std::min(source_->sizeHint().width(), wide), source_->sizeHint().height());
     source_->setGeometry(QRect(QPoint(x, y), source));
     const QSize settings = labBFSettings_->sizeHint();
@@ -172,14 +190,7 @@ void TrainingPanel::PlaceControls() {
     labBFSettings_->setGeometry(beside ? x + source.width() + 12 : x, y, std::min(settings.width(), wide),
                                 settings.height());
     y += settings.height() + 20;
-    const int noticeWide = std::min(wide, 360);
-    if (Large(*this)) // on the card, which it replaces for its seconds
-        labBFStart_->setGeometry(x + (wide - noticeWide) / 2,
-                                 static_cast<int>(HeadBottom()) + 20 +
-                                     (CardHeight - labBFStart_->WantedHeight()) / 2,
-                                 noticeWide, labBFStart_->WantedHeight());
-    else
-        labBFStart_->setGeometry(x, y, noticeWide, labBFStart_->WantedHeight());
+    labBFStart_->setGeometry(NoticeRoom());
     labBFStart_->raise();
     PlaceScenery(y);
 }
@@ -220,7 +231,8 @@ void TrainingPanel::Mirror() {
                           Text(TextDynamicIndex) + " " + QString::fromStdString(labDI[1].Caption),
                           QString::fromStdString(labCurrentSong.Caption),
                           SessionSpan(),
-                          WindowSpan()};
+                          WindowSpan(),
+                          labBFStart.Visible ? QString::fromStdString(labBFStart.Caption) : QString()};
     const QString words = all.join("\n");
     if (words == words_)
         return;
@@ -237,11 +249,14 @@ void TrainingPanel::paintEvent(QPaintEvent* /*event*/) {
     plate.addRoundedRect(QRectF(rect()), Corner, Corner);
     painter.setClipPath(plate);
     painter.drawImage(QPointF(0, 0), surface_.Picture());
-    PaintHead(painter);
-    if (Large(*this)) {
+    if (Large(*this) || !labBFStart_->isVisible())
+        PaintHead(painter);
+    if (HasCard(*this))
         PaintCard(painter);
+    // A notice in its place has round corners, through which the legend would be seen.
+    const bool covered = labBFStart_->isVisible() && !HasCard(*this);
+    if (Large(*this) && !covered)
         PaintLegend(painter);
-    }
     PaintBarWords(painter);
     PaintScoreWords(painter);
     PaintSong(painter);
@@ -260,7 +275,7 @@ void TrainingPanel::PaintHead(QPainter& painter) const {
 
 void TrainingPanel::PaintCard(QPainter& painter) const {
     const QRectF left = TrainingPartsFor(size()).Left;
-    const QRectF card(left.left(), HeadBottom() + 20, left.width(), CardHeight);
+    const QRectF card(left.left(), HeadBottom() + Gap, left.width(), CardHeight);
     painter.setPen(QPen(TrainingColour::CardEdge, 1));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
@@ -279,7 +294,7 @@ void TrainingPanel::PaintLegend(QPainter& painter) const {
     double widest = 0;
     for (const QString& name : names)
         widest = std::max<double>(widest, QFontMetrics(TextFont(14, 500)).horizontalAdvance(name));
-    double y = HeadBottom() + 20 + CardHeight + 20;
+    double y = LegendTop();
     for (int row = 0; row < 3; ++row, y += LegendRow) {
         const QRectF swatch(left.left(), y, 24, 24);
         painter.setPen(Qt::NoPen);

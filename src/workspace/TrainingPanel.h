@@ -38,7 +38,9 @@ private:
     void PlaceControls();
     void PlaceScenery(int top);
     double HeadBottom() const;
-    double CardBottom() const;
+    double LegendTop() const;
+    double LegendBottom() const;
+    QRect NoticeRoom() const;
     void PaintHead(QPainter& painter) const;
     void PaintCard(QPainter& painter) const;
     void PaintLegend(QPainter& painter) const;

@@ -35,7 +35,7 @@ QKeySequence KeyOf(ControlButton which) {
     case ControlMinimise:
         return QKeySequence("Ctrl+M");
     case ControlMaximise:
-        return QKeySequence("F10");
+        return QKeySequence("Alt+F10");
     case ControlClose:
         return QKeySequence("Ctrl+Q");
     }
@@ -121,7 +121,7 @@ WindowButtons::WindowButtons(QWidget* window, std::function<void(const std::func
     Retranslate();
 }
 
-void WindowButtons::Connect(ControlButton which, std::function<void()> routine) {
+void WindowButtons::Connect(ControlButton which, const std::function<void()>& routine) {
     connect(buttons_[which], &QAbstractButton::clicked, this, routine);
     if (which == ControlClose)
         return; // its key is the file menu's

@@ -36,7 +36,7 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void Connect(ControlButton which, std::function<void()> routine);
+    void Connect(ControlButton which, const std::function<void()>& routine);
 
     QWidget* window_;
     std::function<void(const std::function<void()>&)> run_;

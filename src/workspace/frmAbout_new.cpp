@@ -27,6 +27,7 @@ constexpr int WaitInterval = 1500;
 constexpr int DownInterval = 1;
 
 constexpr const char* Licence = "GPL-3.0-or-later";
+constexpr const char* Sound = "FluidSynth (LGPL-2.1-or-later) · RtMidi (MIT) · SDL_mixer (Zlib)";
 constexpr const char* Fonts = "Roboto · Noto Sans · DejaVu Sans";
 
 QString Libraries() {
@@ -67,7 +68,8 @@ void frmAbout_new::Retranslate() {
     close_->adjustSize();
     close_->move(width() - 24 - close_->width(), height() - 20 - close_->height());
     setAccessibleName(ProgramTitle);
-    setAccessibleDescription(QString("%1\n%2\n%3\n%4").arg(VersionLine(), Licence, Libraries(), Fonts));
+    setAccessibleDescription(
+        QString("%1\n%2\n%3\n%4\n%5").arg(VersionLine(), Licence, Libraries(), Sound, Fonts));
     update();
 }
 
@@ -187,7 +189,8 @@ void frmAbout_new::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(QRectF(120, 76, width() - 144, 20), Qt::AlignLeft | Qt::AlignVCenter, VersionLine());
     painter.fillRect(QRectF(32, 136, width() - 64, 1), QColor(255, 255, 255, 46));
     double y = 152;
-    for (const QString& line : {QString(Licence), Libraries(), QString::fromUtf8(Fonts)}) {
+    for (const QString& line :
+         {QString(Licence), Libraries(), QString::fromUtf8(Sound), QString::fromUtf8(Fonts)}) {
         painter.drawText(QRectF(32, y, width() - 64, 20), Qt::AlignLeft | Qt::AlignVCenter, line);
         y += 24;
     }

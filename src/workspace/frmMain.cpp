@@ -1,5 +1,6 @@
 #include "workspace/frmMain.h"
 
+#include "analysis/GameChart.h"
 #include "feedback/FeedbackModes.h"
 #include "feedback/ModeSelector.h"
 #include "images/BackgroundPicture.h"
@@ -22,6 +23,7 @@
 #include "workspace/Look.h"
 #include "workspace/MainMenus.h"
 #include "workspace/ModuleDesk.h"
+#include "workspace/ModuleFrame.h"
 #include "workspace/ScanPanel.h"
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
@@ -32,6 +34,7 @@
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmDiagnostics.h"
+#include "workspace/frmGames.h"
 #include "workspace/frmLanguage.h"
 #include "workspace/frmODS.h"
 #include "workspace/frmReport.h"
@@ -40,6 +43,7 @@
 #include "workspace/frmUserGuide.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -88,11 +92,15 @@ frmMain::frmMain(WindowPlatform& platform, const QString& version)
     setMinimumSize(800, 600);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
+    setFocus(); // else a button would have the space bar as soon as the window is activated
     setFont(TextFont(13));
     loading_->setObjectName("labLoading");
     loading_->setAlignment(Qt::AlignCenter);
     loading_->setFont(TextFont(20, 500));
     loading_->hide();
+    desk_->Snapshot = [this](int index) {
+        ShowSnapshot(desk_->Frame(static_cast<std::size_t>(index))->grab(), Text(TextModuleEcgInput + index));
+    };
     BuildMenus();
     ConnectTransport();
     openTimer_.setSingleShot(true);
@@ -126,8 +134,8 @@ void frmMain::BuildMenus() {
     routines.Document = [this] {
         ShowForm(report_, this, [this](const std::function<void()>& routine) { Do(routine); });
     };
-    routines.Snapshot = [this] { ShowSnapshot(); };
     routines.Diagnostics = [this] { ShowForm(diagnostics_, this); };
+    routines.Snapshot = [this] { ShowSnapshot(grab(), ProgramTitle); };
     routines.UserGuide = [this] { ShowForm(guide_, this, GuideFolder()); };
     routines.About = [this] {
         if (about_ == nullptr)
@@ -137,11 +145,10 @@ void frmMain::BuildMenus() {
     menus_ = new MainMenus(topBar_->Menus(), this, std::move(routines));
 }
 
-void frmMain::ShowSnapshot() {
-    const QPixmap picture = grab();
+void frmMain::ShowSnapshot(const QPixmap& picture, const QString& name) {
     if (pictures_ == nullptr)
         pictures_ = new frmODS(this);
-    pictures_->ShowPicture(picture, ProgramTitle);
+    pictures_->ShowPicture(picture, name);
 }
 
 void frmMain::ShowSettings() {
@@ -188,6 +195,8 @@ void frmMain::ApplyLanguage() {
         OpenMonitorChooser(); // its words anew
     if (chooser_ != nullptr)
         chooser_->Retranslate();
+    if (games_ != nullptr)
+        games_->Retranslate();
     ApplyLook();
     Mirror();
 }
@@ -247,10 +256,22 @@ void frmMain::Mirror() {
     if (report_ != nullptr && report_->isVisible())
         report_->Mirror();
     MirrorChooser();
+    MirrorGames();
     loading_->setText(QString::fromStdString(labLoading.Caption));
     loading_->setVisible(labLoading.Visible);
     timers_.Sync();
     OpenWaitingFile();
+}
+
+void frmMain::MirrorGames() {
+    const bool shown = games_ != nullptr && games_->isVisible();
+    if (GamesOpen != Off && !shown)
+        ShowForm(games_, this, [this](const std::function<void()>& routine) { Do(routine); });
+    if (games_ == nullptr)
+        return;
+    if (GamesOpen == Off && shown)
+        games_->hide();
+    games_->Mirror();
 }
 
 void frmMain::ApplyLook() {
@@ -308,6 +329,14 @@ bool frmMain::MoveChosenPanel(const QKeyEvent& event) {
     const bool sizes = (event.modifiers() & Qt::ShiftModifier) != 0;
     Do([=] { sizes ? SizePanelBy(ActivePanel, dx, dy) : MovePanelBy(ActivePanel, dx, dy); });
     return true;
+}
+
+// The menu key opens the menu of the panel that the keyboard has.
+void frmMain::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard || !panelChosen_ || ActivePanel < 0)
+        return;
+    const QWidget* frame = desk_->Frame(static_cast<std::size_t>(ActivePanel));
+    desk_->ShowPlaceMenu(ActivePanel, frame->mapToGlobal(QPoint(8, 32)));
 }
 
 void frmMain::mousePressEvent(QMouseEvent* event) {

@@ -23,6 +23,7 @@ class WindowPlatform;
 class MainMenus;
 class frmAbout_new;
 class frmDiagnostics;
+class frmGames;
 class frmLanguage;
 class frmODS;
 class frmReport;
@@ -54,6 +55,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -69,8 +71,9 @@ private:
     void ConnectTransport();
     void LayOut();
     void ShowSettings();
-    void ShowSnapshot();
     void MirrorChooser();
+    void ShowSnapshot(const QPixmap& picture, const QString& name);
+    void MirrorGames();
     void OpenWaitingFile();
     void PlaceModules(bool redraw);
     void CancelDrag();
@@ -94,6 +97,7 @@ private:
     QPointer<frmODS> pictures_;
     QPointer<frmReport> report_;
     QPointer<frmSelectDSU> chooser_;
+    QPointer<frmGames> games_;
     QPointer<frmAbout_new> about_;
     QString version_;
     std::string fileToOpen_;

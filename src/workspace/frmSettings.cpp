@@ -5,6 +5,7 @@
 #include "feedback/MIDI_OUT.h"
 #include "feedback/MidiSwitches.h"
 #include "feedback/SoundTester.h"
+#include "platform/MidiOutput.h"
 #include "session/MainBuffers.h"
 #include "workspace/FocusRing.h"
 #include "workspace/FormControls.h"
@@ -373,8 +374,11 @@ void frmSettings::ShowMarks() {
 
 void frmSettings::ShowSound() {
     QStringList devices;
-    for (const MidiDevice& device : lstMidiDevice)
-        devices << QString::fromStdString(device.Name);
+    for (const MidiDevice& device : lstMidiDevice) {
+        // Its name was taken at the start, when no language had been chosen yet.
+        devices << (device.Id == MidiOutput::Mapper ? Text(TextBuiltInSynthesizer)
+                                                    : QString::fromStdString(device.Name));
+    }
     lstMidiDevice_->SetRows(devices, MidiDeviceIndex, Text(TextNoDevices));
     QStringList instruments;
     for (const std::string& name : MidiInstrumentNames)

@@ -3,6 +3,7 @@
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
+#include "analysis/GameChart.h"
 #include "analysis/History.h"
 #include "analysis/HistoryStyles.h"
 #include "analysis/HrvPanel.h"
@@ -111,6 +112,7 @@ frmViewMenu::frmViewMenu(QWidget* parent, std::function<void()> lookChanged,
     AddToggle(TextToggleSolidGraphs, "labSolidGraphs", SolidGraphs, lookChanged_);
     AddHistoryStyles();
     AddAveraging();
+    AddGames();
     AddToggle(TextToggleBpmCoherence, "labBpmCoherence", ShowBpmCoherence, [] {
         DrawCoherenceA();
         DrawCoherenceB();
@@ -189,7 +191,7 @@ void frmViewMenu::ListConfigurations() {
         configurations_->addAction(Text(TextMenuNoConfigurations))->setEnabled(false);
     for (std::size_t i = 0; i < fileList.size(); ++i) {
         const int index = static_cast<int>(i);
-        LoadConfigPreview(index);
+        LoadConfigPicture(index);
         QAction* action = configurations_->addAction(QString::fromStdString(fileList[i]).section('.', 0, 0));
         action->setObjectName(QString("fileList%1").arg(index));
         action->setIcon(ConfigPicture(devicePixelRatioF()));
@@ -203,6 +205,13 @@ void frmViewMenu::AddTidalView() {
                                [] { AppLinkOnly == Off ? StartTidalView() : LeaveTidalView(); });
     action->setCheckable(true);
     marks_.append([action] { action->setChecked(AppLinkOnly != Off); });
+}
+
+void frmViewMenu::AddGames() {
+    QAction* action = AddEntry(this, TextGames, "labGames",
+                               [] { GamesOpen == Off ? OpenGamesFromHistory() : CloseGames(); });
+    action->setCheckable(true);
+    marks_.append([action] { action->setChecked(GamesOpen != Off); });
 }
 
 void frmViewMenu::AddColourSets() {

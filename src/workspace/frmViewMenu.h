@@ -27,6 +27,7 @@ private:
     void AddMainView();
     void AddLayout();
     void AddTidalView();
+    void AddGames();
     void AddColourSets();
     void AddBackground();
     void AddHistoryStyles();

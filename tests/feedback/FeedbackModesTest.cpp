@@ -4,6 +4,7 @@
 #include "feedback/WMPPlay.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/Replay.h"
 #include "session/Settings.h"
 #include "session/Training.h"
 #include "support/Heard.h"
@@ -55,6 +56,14 @@ TEST_F(Modes, ThePacersLevelsTurnThePacerOn) {
     EXPECT_EQ(Click(0), "230 123123 222 223 228:7 230 226 226"); // and starts the pacer then
     EXPECT_EQ(State(), "0 0 1000");
     EXPECT_EQ(Click(0), "231 226 226");
+}
+
+TEST_F(Modes, AReplayTakesThePacersPlace) {
+    Click(0);
+    EXPECT_EQ(State(), "0 0 1000");
+    ReleaseReplayButton(RightButton);
+    EXPECT_EQ(State(), "2 2 0010"); // one level runs, not two
+    EXPECT_EQ(pulselark::Heard(Outside.Partners), "231 238 222:2 225");
 }
 
 TEST_F(Modes, SceneryAndMusicLeaveTheModesAlone) {

@@ -15,6 +15,7 @@
 #include "session/Replay.h"
 #include "session/SessionTick.h"
 #include "session/SessionTimers.h"
+#include "session/Settings.h"
 #include "session/SettingsActions.h"
 #include "session/ShutDown.h"
 #include "support/Heard.h"
@@ -166,6 +167,7 @@ TEST_F(Link, FailuresOfTheShellHaveNumbersAndTexts) {
 
 TEST_F(Link, TheSceneryIsToldHowThingsStandOnceItIsUp) {
     FeedbackMode = 2;
+    BreathingBalance = 4; // out of the settings
     StartWideFeedback();
     EXPECT_EQ(Outside.Programs.Started.back().File, "WideFB.exe");
     EXPECT_EQ(SceneryOpen, On);
@@ -175,7 +177,7 @@ TEST_F(Link, TheSceneryIsToldHowThingsStandOnceItIsUp) {
     for (std::size_t i = 0; i < 4; ++i)
         EXPECT_EQ(DoubleAt(first, 2 + i), SceneRect[i]);
     EXPECT_GT(SceneRect[2], 100);
-    EXPECT_TRUE(Heard().ends_with("222:2 223 228:7 231"));
+    EXPECT_TRUE(Heard().ends_with("222:2 223 228:7 231 232:4"));
     EXPECT_EQ(labRestoreGame.Caption, "<377>");
     Timers.Advance(5000);
     EXPECT_EQ(labRestoreGame.Caption, "<379>");

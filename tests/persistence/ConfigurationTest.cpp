@@ -197,6 +197,10 @@ TEST_F(Configurations, ThePreviewTakesWholeTwips) {
     EXPECT_EQ(ConfigPreview[2].Height, 3002);
     EXPECT_EQ(ConfigPreview[2].Width + ConfigPreview[3].Left, 0);
     Outside.Boxes.Shown.clear();
+    LoadConfigPicture(0); // in eighths there is room
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
+    EXPECT_EQ(ConfigPreview[2].Width, 5000);
+    EXPECT_EQ(ConfigPreview[10].Width, 1500);
     LoadConfigPreview(1);
     EXPECT_TRUE(Outside.Boxes.Shown.empty());
     EXPECT_EQ(ConfigPreview[0], (PreviewPlace{10, 20, 3000, 4000, On, 1, 1}));

@@ -50,6 +50,21 @@ TEST(SceneryState, FollowsASessionAtLevelTwo) {
     EXPECT_EQ(state.Take(Command(227), 300), WindowAction::Close);
 }
 
+TEST(SceneryState, ScrollsWhenItComesIntoASessionThatRuns) {
+    SceneryState state;
+    state.Take(Value(40), 0);
+    EXPECT_FALSE(state.Scrolling()) << "no level is known yet";
+    for (const double command : {123123.0, 223.0, 231.0})
+        state.Take(Command(command, 0, 0, 900, 600), 0);
+    state.Take(Command(222, 3), 0);
+    EXPECT_FALSE(state.Scrolling());
+    state.Take(Value(40), 1);
+    EXPECT_TRUE(state.Scrolling());
+    state.Take(Command(226), 2);
+    state.Take(Value(40), 3);
+    EXPECT_FALSE(state.Scrolling()) << "what was told counts";
+}
+
 TEST(SceneryState, SwingsWithTheHeartAtLevelOne) {
     SceneryState state;
     state.Take(Command(222, 1), 0);

@@ -129,6 +129,21 @@ TEST_F(SceneryWindowTest, TakesItsPlaceAndMovesOnlyWhileSomethingMoves) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window.isVisible(); }));
 }
 
+TEST_F(SceneryWindowTest, WaitsForItsPlaceWhereItIsLed) {
+    qputenv("PULSELARK_STARTED", "1");
+    SceneryWindow window;
+    ASSERT_TRUE(window.Listen());
+    window.Present();
+    qunsetenv("PULSELARK_STARTED");
+    EXPECT_FALSE(window.isVisible());
+    for (const double command : {240.0, 222.0})
+        EXPECT_TRUE(Send(command, 2));
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(Send(123123, 30, 40, 500, 320));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.geometry(), QRect(30, 40, 500, 320));
+}
+
 TEST_F(SceneryWindowTest, ASecondOneGivesWay) {
     SceneryWindow first;
     ASSERT_TRUE(first.Listen());

@@ -4,6 +4,7 @@
 #include "analysis/CoherencePanel.h"
 #include "analysis/ColourSchemes.h"
 #include "analysis/GCoherence.h"
+#include "analysis/GameChart.h"
 #include "analysis/History.h"
 #include "analysis/HrvPanel.h"
 #include "analysis/InputCD.h"
@@ -63,6 +64,7 @@ void PutEverythingBack() {
     QsTickCount = 0;
     ResetModulePanels();
     ResetTraining();
+    ResetGames();
     ResetModeSelector();
     ResetPacer();
     ResetMusic();
