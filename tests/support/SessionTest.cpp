@@ -26,6 +26,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
+#include "session/MonitorChoice.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
 #include "session/ReportDocument.h"
@@ -65,6 +66,7 @@ void PutEverythingBack() {
     ResetMidiOutput();
     ResetMidiSwitches();
     ResetSoundTester();
+    ResetMonitorChooser();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;
