@@ -46,6 +46,11 @@ int RunChord(Arguments arguments);
 /// of it.
 int RunTrace(Arguments arguments);
 
+/// `beats FILE [--channel A|B]`: finds the beats of a session (`.hti`) or of a WFDB record (the name of its
+/// `.hea`), sample by sample as in a live recording; a line for each beat: time, raw interval, corrected
+/// interval (s), and its kind as in `BeatKind`, with tabs between. An inferred beat has the raw interval 0.
+int RunBeats(Arguments arguments);
+
 /// Text of --help.
 std::string HelpText();
 

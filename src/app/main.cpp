@@ -55,6 +55,8 @@ int main(int argc, char** argv) {
         return RunTrace(Arguments(arguments).subspan(1));
     if (first == "resave")
         return RunResave(Arguments(arguments).subspan(1));
+    if (first == "beats")
+        return RunBeats(Arguments(arguments).subspan(1));
     if (first == "chord")
         return RunChord(Arguments(arguments).subspan(1));
 

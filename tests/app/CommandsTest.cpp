@@ -3,6 +3,7 @@
 #include "persistence/SessionFile.h"
 #include "platform/system/SystemFiles.h"
 #include "session/MainBuffers.h"
+#include "support/BeatSignal.h"
 #include "support/SessionTest.h"
 #include "support/Signals.h"
 
@@ -163,6 +164,29 @@ TEST_F(Commands, ScanGoesOnAfterAFileThatFails) {
                                                            {one, "--smoothing", "17"},
                                                            {one, "--plx"}})
         EXPECT_EQ(Run(+scan, words), 2);
+}
+
+TEST_F(Commands, BeatsOfASessionAndOfARecordAreOneLineEach) {
+    const auto samples = SignalWithBeats(SteadyBeats(0.5, 0.75, 20), 20);
+    std::copy(samples.begin(), samples.end(), EcgA.begin());
+    Write("beats.hti", SessionText());
+    ASSERT_EQ(Run(&RunBeats, {At("beats.hti"), "--channel", "A"}), 0);
+    EXPECT_EQ(std::count(Output.begin(), Output.end(), '\n'), 26);
+    EXPECT_NE(Output.find("\n2.0000\t0.7500\t0.7500\tN\n"), std::string::npos) << Output;
+
+    std::string bytes;
+    for (const float sample : samples) {
+        const auto word = static_cast<std::uint16_t>(static_cast<std::int16_t>(sample));
+        bytes += {static_cast<char>(word & 0xFFU), static_cast<char>(word >> 8U)};
+    }
+    Write("r.dat", bytes);
+    Write("r.hea", "r 1 128\nr.dat 16 500\n");
+    ASSERT_EQ(Run(&RunBeats, {At("r.hea")}), 0);
+    EXPECT_EQ(std::count(Output.begin(), Output.end(), '\n'), 26);
+    EXPECT_EQ(Run(&RunBeats, {At("r.hea"), "--channel", "B"}), 1);
+    EXPECT_TRUE(OneLine());
+    EXPECT_EQ(Run(&RunBeats, {At("none.hti")}), 1);
+    EXPECT_EQ(Run(&RunBeats, {At("r.hea"), "--channel", "C"}), 2);
 }
 
 } // namespace

@@ -1,0 +1,130 @@
+#include "analysis/IntervalSeries.h"
+
+#include "analysis/SignalQuality.h"
+#include "support/BeatSignal.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+
+namespace pulselark {
+namespace {
+
+Beat BeatAt(double time, bool foreign = false) {
+    Beat beat;
+    beat.Time = time;
+    for (int k = 0; k < Beat::ShapeSize; ++k) {
+        const double t = (k - Beat::ShapePeak) / 128.0;
+        const double width = foreign ? 0.05 : 0.012;
+        beat.Shape[static_cast<std::size_t>(k)] =
+            static_cast<float>((foreign ? -700 : 500) * std::exp(-t * t / (2 * width * width)));
+    }
+    return beat;
+}
+
+std::string Kinds(IntervalSeries& series, std::vector<BeatInterval>& intervals) {
+    std::string kinds;
+    series.Finish();
+    while (const auto interval = series.Next()) {
+        intervals.push_back(*interval);
+        kinds.push_back(static_cast<char>(interval->Kind));
+    }
+    return kinds;
+}
+
+TEST(IntervalSeriesTest, AnEctopicBeatBendsNothing) {
+    IntervalSeries series;
+    for (int i = 0; i < 20; ++i)
+        series.Add(i == 12 ? BeatAt(0.5 + 0.8 * i - 0.3, true) : BeatAt(0.5 + 0.8 * i));
+    std::vector<BeatInterval> intervals;
+    EXPECT_EQ(Kinds(series, intervals), "NNNNNNNNNNNNENNNNNNN");
+    EXPECT_NEAR(intervals[12].Raw, 0.5, 1e-5);
+    EXPECT_NEAR(intervals[13].Raw, 1.1, 1e-5);
+    for (std::size_t i = 1; i < intervals.size(); ++i)
+        EXPECT_NEAR(intervals[i].Corrected, 0.8, 1e-5);
+    for (int second = 2; second <= 18; ++second)
+        EXPECT_NEAR(series.MeanInterval(second), 0.8, 1e-5);
+}
+
+TEST(IntervalSeriesTest, MissedBeatsAreInferred) {
+    IntervalSeries series;
+    for (int i = 0; i < 20; ++i)
+        if (i != 9 && i != 14 && i != 15)
+            series.Add(BeatAt(0.5 + 0.8 * i));
+    std::vector<BeatInterval> intervals;
+    EXPECT_EQ(Kinds(series, intervals), "NNNNNNNNNMNNNNMMNNNN");
+    EXPECT_NEAR(intervals[9].Time, 0.5 + 0.8 * 9, 1e-5);
+    EXPECT_EQ(intervals[9].Raw, 0);
+    EXPECT_NEAR(intervals[10].Raw, 1.6, 1e-5);
+    EXPECT_NEAR(intervals[10].Corrected, 0.8, 1e-5);
+}
+
+TEST(IntervalSeriesTest, BreathingIsNotEctopic) {
+    IntervalSeries series;
+    double time = 0.5;
+    for (int i = 0; i < 200; ++i) {
+        series.Add(BeatAt(time));
+        time += 0.85 + 0.17 * std::sin(2 * 3.14159265 * time / 10); // 59 to 88 beats a minute in 5 s
+    }
+    std::vector<BeatInterval> intervals;
+    EXPECT_EQ(Kinds(series, intervals), std::string(200, 'N'));
+}
+
+TEST(IntervalSeriesTest, ASecondHasTheMeanOfItsIntervalsOrTheLastOne) {
+    IntervalSeries series;
+    EXPECT_EQ(series.MeanInterval(5), 1);
+    for (const double time : {0.4, 0.9, 1.5, 2.3, 4.2, 4.8, 5.4, 6.0})
+        series.Add(BeatAt(time));
+    series.Finish();
+    EXPECT_NEAR(series.MeanInterval(1), 0.5, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(2), 0.6, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(3), 0.8, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(4), 0.8, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(6), 0.6, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(100), 0.6, 1e-5);
+}
+
+TEST(IntervalSeriesTest, ALiveTickSeesTheSecondThatJustEnded) {
+    IntervalSeries series;
+    for (const double time : SteadyBeats(0.3, 1.0, 10))
+        series.Add(BeatAt(time));
+    series.Add(BeatAt(10.1)); // not final before the next
+    EXPECT_NEAR(series.MeanInterval(11), 0.8, 1e-5);
+}
+
+SignalQuality::Step LightOf(const std::vector<float>& second) {
+    SignalQuality quality;
+    for (const float sample : second)
+        quality.Push(sample);
+    return quality.Light();
+}
+
+TEST(SignalQualityTest, EachFaultDimsTheLight) {
+    using Step = SignalQuality::Step;
+    const auto clean = SignalWithBeats({0.5}, 1);
+    EXPECT_EQ(LightOf(clean), Step::Good);
+    EXPECT_EQ(LightOf(std::vector<float>(128, 300)), Step::Bad);
+    auto lost = clean;
+    std::fill(lost.begin(), lost.begin() + 30, std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(LightOf(lost), Step::Doubtful);
+    std::fill(lost.begin(), lost.begin() + 70, std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(LightOf(lost), Step::Bad);
+    auto clipped = clean;
+    for (std::size_t i = 20; i < 60; ++i)
+        clipped[i] = 1000;
+    EXPECT_EQ(LightOf(clipped), Step::Bad);
+    std::mt19937 generator(7);
+    std::normal_distribution<float> noise;
+    auto noisy = clean;
+    for (float& sample : noisy)
+        sample += 150 * noise(generator);
+    EXPECT_EQ(LightOf(noisy), Step::Bad);
+    auto faint = clean;
+    for (float& sample : faint)
+        sample += 5 * noise(generator);
+    EXPECT_EQ(LightOf(faint), Step::Good);
+}
+
+} // namespace
+} // namespace pulselark
