@@ -1,6 +1,7 @@
 #include "persistence/LiveRecordFile.h"
 
 #include "persistence/SessionFile.h"
+#include "persistence/WfdbRecord.h"
 #include "platform/Platform.h"
 #include "session/MainBuffers.h"
 
@@ -39,9 +40,25 @@ void ReadChannels(TextRecordReader& reader, LiveRecord& record) {
         record.Channels.push_back(std::move(second));
 }
 
+FileOutcome ReadWfdbChannels(const std::string& name, LiveRecord& record) {
+    constexpr std::size_t MostChannels = 2;
+    WfdbHeader header;
+    record.Channels.clear();
+    for (std::size_t i = 0; i == 0 || i < std::min(header.Signals.size(), MostChannels); ++i) {
+        record.Channels.emplace_back();
+        const FileOutcome outcome = ReadWfdbRecord(name, i, header, record.Channels.back());
+        if (outcome.Number != 0)
+            return outcome;
+    }
+    record.Rate = header.Rate;
+    return {};
+}
+
 } // namespace
 
 FileOutcome ReadLiveRecord(const std::string& name, LiveRecord& record) {
+    if (name.ends_with(".hea"))
+        return ReadWfdbChannels(name, record);
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0)
         return {failure, 0};

@@ -7,8 +7,9 @@
 
 namespace pulselark {
 
-/// Reads a session file for a monitor to play; the session in the buffers stays as it is. Channel B is there
-/// if the session was recorded in two channels. Failures are those of the files and of `ReadSessionText`;
+/// Reads a session file, or the WFDB record of a header file (`.hea`), for a monitor to play; the session in
+/// the buffers stays as it is. A session has a channel B if it was recorded in two channels; of a record the
+/// first two signals are taken. Failures are those of the files, of `ReadSessionText` and `ReadWfdbRecord`;
 /// `record` is then not to be used.
 FileOutcome ReadLiveRecord(const std::string& name, LiveRecord& record);
 

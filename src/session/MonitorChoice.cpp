@@ -1,7 +1,6 @@
 #include "session/MonitorChoice.h"
 
 #include "base/Text.h"
-#include "persistence/SessionFile.h"
 #include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -21,6 +20,8 @@ Label labS, labOK;
 Boolean ChooserOpen = Off;
 
 namespace {
+
+constexpr const char* ReplayFilter = "PulseLark channel data, WFDB (*.hti *.hea)|*.hti";
 
 void ShowChoice() {
     labOK.Visible = MonitorChosen();
@@ -92,7 +93,7 @@ void PressPlainMonitor(int index) {
 }
 
 void ChooseReplayFile() {
-    const auto name = ThePlatform().FileDialogs.ChooseFileToOpen(LastOpenFolder, SessionFileFilter);
+    const auto name = ThePlatform().FileDialogs.ChooseFileToOpen(LastOpenFolder, ReplayFilter);
     if (name)
         ThePlatform().EcgMonitors.SetOption("Replay file", "file", *name);
 }

@@ -113,6 +113,7 @@ void MonitorRow::SetWords(const QString& name, const QString& words) {
     words_ = words;
     setAccessibleName(name);
     setAccessibleDescription(words);
+    setToolTip(TipLines(words)); // where the row has no room for them
     updateGeometry();
     update();
 }

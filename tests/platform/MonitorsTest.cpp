@@ -182,6 +182,34 @@ TEST_F(MonitorFiles, AFilePlaysSampleBySampleOnTheClock) {
     EXPECT_TRUE(std::equal(b.begin(), b.end(), EcgB.data()));
 }
 
+TEST_F(MonitorFiles, ARecordOfAnotherRatePlaysItsFirstTwoSignals) {
+    // Three signals of 16 bits, 200 steps to the millivolt, 300 samples at 300 a second.
+    std::string header = "r 3 300 300\n";
+    std::string bytes;
+    for (int i = 0; i < 3; ++i)
+        header += "r.dat 16 200 16 0 0 0 0 ecg\n";
+    for (int k = 0; k < 300; ++k) {
+        for (const int value : {k, 2 * k, 0}) {
+            bytes.push_back(static_cast<char>(value & 0xFF));
+            bytes.push_back(static_cast<char>(value >> 8));
+        }
+    }
+    Outside.Disk.Content["/w/r.hea"] = header;
+    Outside.Disk.Content["/w/r.dat"] = bytes;
+    Monitors.SetOption("Replay file", "file", "/w/r.hea");
+    EcgMonitor& monitor = *Monitors.Find("Replay file");
+    ASSERT_GT(monitor.Init(), 0) << monitor.Error_Msg();
+    EXPECT_EQ(monitor.Sig_Rate(1), 300);
+    EXPECT_EQ(monitor.Tot_Channels(), 2);
+    Outside.Time.Now += 500;
+    std::vector<float> a, b;
+    EXPECT_TRUE(monitor.Read_Buff(1, a));
+    EXPECT_TRUE(monitor.Read_Buff(2, b));
+    ASSERT_EQ(a.size(), 150U);
+    EXPECT_FLOAT_EQ(a[100], 250) << "half a millivolt";
+    EXPECT_FLOAT_EQ(b[100], 500);
+}
+
 TEST_F(MonitorFiles, AFileThatIsMissingOrCutShortSaysSo) {
     EcgMonitor& monitor = *Monitors.Find("Replay file");
     EXPECT_LE(monitor.Init(), 0);

@@ -31,6 +31,7 @@
 #include "session/MainBuffers.h"
 #include "session/ModulePanels.h"
 #include "session/Monitor.h"
+#include "session/MonitorChoice.h"
 #include "session/PanelSurfaces.h"
 #include "session/Replay.h"
 #include "session/ReportDocument.h"
@@ -71,6 +72,7 @@ void PutEverythingBack() {
     ResetMidiOutput();
     ResetMidiSwitches();
     ResetSoundTester();
+    ResetMonitorChooser();
     PanelStyle[CanvasRow] = PanelOnCanvas[CanvasRow] = 0;
     fileList.clear();
     LastFileLine = 0;

@@ -308,7 +308,8 @@ TEST_F(SettingsForm, TabGoesInReadingOrderAndEverythingHasAName) {
     EXPECT_EQ(names.join(' ').toStdString(),
               "labToggle0 labToggle1 labToggle2 labToggle3 labToggle19 labToggle6 labToggle4 labToggle12 "
               "labToggle15 labToggle16 labToggle17 labToggle18 labToggle20 labSetting0 labSetting1 labLang "
-              "labSetting2 picBFOnOff picST picHisAvUp picHisStyle picStyle picSwdUp picSwsUp labToggle13 "
+              "labSetting2 labSetting3 picBFOnOff picST picHisAvUp picHisStyle picStyle picSwdUp picSwsUp "
+              "labToggle13 "
               "labToggle14 "
               "picGCwdUp picGCwsUp labToggle7 labToggle8 labToggle9 labToggle10 picClose");
 }

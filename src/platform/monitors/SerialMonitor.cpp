@@ -13,6 +13,7 @@ namespace {
 // In milliseconds.
 constexpr std::int64_t LostAfter = 1500;
 constexpr std::int64_t BetweenSearches = 1000;
+constexpr std::size_t ManyBytes = 8 * CytonDecoder::PacketSize;
 constexpr std::int64_t ReopenAfter = 5000; // a board that starts with its port needs 2 s for it
 
 MonitorOptions StartOptions() {
@@ -57,7 +58,8 @@ Integer SerialMonitor::Init() {
     baselines_.assign(channels, Baseline(rate_));
     store_.Reset(channels);
     open_ = true;
-    seenGood_ = rubbish_ = false;
+    seenGood_ = false;
+    unexplained_ = 0;
     lastGood_ = clock_.Milliseconds();
     OpenPort();
     return 1;
@@ -89,7 +91,7 @@ std::string SerialMonitor::Error_Msg() {
         return {};
     if (!portOpen_)
         return words_(MonitorWord::PortFailed) + options_.Text("port");
-    if (rubbish_)
+    if (unexplained_ > ManyBytes)
         return words_(MonitorWord::NotAnEcg);
     return words_(seenGood_ ? MonitorWord::Lost : MonitorWord::Connecting);
 }
@@ -133,7 +135,7 @@ void SerialMonitor::TakeBytes(std::int64_t now) {
     std::vector<std::vector<float>> channels(store_.Channels());
     const auto* first = reinterpret_cast<const std::uint8_t*>(bytes.data());
     const int good = decoder_->Take(std::span(first, bytes.size()), channels);
-    rubbish_ = good == 0 && (rubbish_ || bytes.size() > 2 * CytonDecoder::PacketSize);
+    unexplained_ = good == 0 ? unexplained_ + bytes.size() : 0;
     if (good > 0) {
         lastGood_ = now;
         seenGood_ = true;

@@ -70,7 +70,7 @@ private:
     bool open_ = false;
     bool portOpen_ = false;
     bool seenGood_ = false;       // since the monitor was opened
-    bool rubbish_ = false;        // bytes have come since the last good sample
+    std::size_t unexplained_ = 0; // bytes since the last good sample
     std::int64_t lastGood_ = 0;   // readings of the clock
     std::int64_t lastSearch_ = 0; // of the port or of the board
     std::int64_t opened_ = 0;     // the port
