@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/RecordingTexts.h"
+
 // The numbers of the language pack's texts: LanguageTable(LanguageIndex, number) is the text in the
 // language in use. The section markers of the pack (items 1, 14, 29, ...) have no name here.
 //
@@ -337,21 +339,6 @@ enum TextNumber : int {
     TextDocumentSymbol1 = 323,
     TextDocumentSymbol2 = 324,
 
-    // Recording: its monitor, its journal, its end, and what a crash has left.
-    TextConnectionLamp = 330,
-    TextConnectionLost = 331,
-    TextConnectionBack = 332,
-    TextMonitorDoesNotStart = 333,
-    TextJournalFailed = 334,
-    TextRecordingFull = 335,
-    TextRecordingAutoEnded = 336,
-    TextRecoverFound = 337, // then date, time and length
-    TextRecoverQuestion = 338,
-    TextRecoverSave = 339,
-    TextRecovered = 340,
-    TextRecoverFailed = 341,
-    TextJournalFailedSafe = 342,
-
     // Training: mode i is TextModePacer + i; one or both endings after it make a tool tip.
     TextModePacer = 350,
     TextModeBaroreflex = 351,
@@ -437,60 +424,6 @@ enum TextNumber : int {
     TextPlayerUnmute = 425,
     TextPlayerNoSongs = 426,
 
-    // Monitors: the chooser, and the states that a monitor reports.
-    TextMonitorSelect = 430,
-    TextMonitorNotAvailable = 431,
-    TextMonitorOk = 432,
-    TextMonitorWaiting = 433,
-    TextMonitorInitialising = 434,
-    TextMonitorPaused = 435,
-    TextMonitorEndOfMemory = 436,
-    TextMonitorMemoryFailure = 437,
-    TextMonitorPortFailure = 438,
-    TextMonitorVersion = 439,
-    TextMonitorPortCode = 440,
-    TextMonitorConnecting = 441,
-    TextMonitorLost = 442,
-    TextMonitorNoFile = 443,
-    TextMonitorFileUnreadable = 444,
-    TextMonitorFileAtEnd = 445,
-    TextMonitorPortClosed = 446,
-    TextMonitorNotAnEcg = 447,
-    TextMonitorNoLibrary = 448,
-    TextMonitorLibraryTooSmall = 449,
-    TextMonitorDriverRefused = 409,
-    TextMonitorNoBluetooth = 427,
-    TextMonitorStrapSought = 428,
-    TextMonitorStrapWithoutEcg = 429,
-
-    // What the monitors of the chooser are and need, and their options.
-    TextMonitorSimulated = 255,
-    TextMonitorSerial = 256,
-    TextMonitorStrap = 257,
-    TextMonitorReplay = 258,
-    TextMonitorsWithoutDriver = 259,
-    TextMonitorsWithDriver = 260,
-    TextMonitorOptionsNotKept = 261, // a number follows
-    TextOptionSeed = 264,
-    TextOptionDepth = 265,
-    TextOptionEctopic = 268,
-    TextOptionNoise = 269,
-    TextOptionDisturbances = 271,
-    TextOptionChannels = 276,
-    TextOptionPort = 277,
-    TextOptionSpeed = 278,
-    TextOptionProtocol = 279,
-    TextOptionSampleRate = 293,
-    TextOptionGain = 294,
-    TextOptionStrap = 295,
-    TextOptionFile = 296,
-    TextOptionChoose = 297,
-    TextOptionFirstFound = 325,
-    TextOptionLines = 326,
-    TextOptionCyton = 327,
-    TextOptionFirstChannel = 328,
-    TextOptionsCountLater = 329,
-
     // Language editor; an item's number follows TextEditorItem.
     TextLanguageEditor = 450,
     TextEditorReference = 451,
@@ -530,24 +463,6 @@ enum TextNumber : int {
     TextLaunchNoAssociation = 480,
     TextLaunchLibraryNotFound = 481,
     TextLaunchFailed = 482,
-    // What the diagnostics window shows.
-    TextDiagnostics = 77,
-    TextDiagnosticTimes = 78,
-    TextDiagnosticRecording = 79,
-    TextBeatToLamp = 99,
-    TextSecondToChord = 100,
-    TextTickWork = 101,
-    TextJournalFlush = 102,
-    TextRecordedSeconds = 103,
-    TextJournalSeconds = 104,
-    TextBeatsFound = 123,
-    TextConnectionLosses = 124,
-    TextMonitorRate = 133,
-    TextLostSamples = 198,
-    TextClockCorrections = 199,
-    TextNewestSampleAge = 343,
-    TextSignalQuality = 344,
-    TextAtMost = 345,
 };
 
 /// The texts of the channel modes 1 to 3 follow this number.

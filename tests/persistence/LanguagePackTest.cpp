@@ -79,8 +79,10 @@ TEST_F(LanguagePack, TheShippedPackIsComplete) {
     ASSERT_EQ(ReadLanguageText(shipped).Number, 0);
     EXPECT_TRUE(LanguagePackText() == shipped);
     // Every text that has a name has words; a base is where a row of them begins.
-    std::string names;
+    std::string names, ofRecordings;
     ASSERT_EQ(SystemFiles().ReadWhole(PULSELARK_SOURCE "/src/session/TextNumbers.h", names), 0);
+    ASSERT_EQ(SystemFiles().ReadWhole(PULSELARK_SOURCE "/src/session/RecordingTexts.h", ofRecordings), 0);
+    names += ofRecordings;
     const std::regex number("Text\\w+?(Base)? = (\\d+),");
     int named = 0;
     for (std::sregex_iterator name(names.begin(), names.end(), number), end; name != end; ++name, ++named)

@@ -1,7 +1,5 @@
 #include "platform/monitors/FileMonitor.h"
 
-#include "platform/monitors/SampleStore.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -39,18 +37,6 @@ std::string FileMonitor::Error_Msg() {
 
 Integer FileMonitor::Tot_Channels() {
     return static_cast<Integer>(record_.Channels.size());
-}
-
-std::string FileMonitor::Sig_Name(Integer channel) {
-    return channel == 1 ? "ECG A" : "ECG B";
-}
-
-double FileMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double FileMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
 }
 
 double FileMonitor::Sig_Rate(Integer /*channel*/) {

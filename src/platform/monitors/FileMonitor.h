@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/LiveRecord.h"
 #include "platform/MonitorWords.h"
+#include "platform/monitors/PanelMonitor.h"
 
 #include <array>
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace pulselark {
 
 /// "Replay file": a recording, fed on the clock of the program as if it were live. At its end the connection
 /// is lost; opened anew, it starts from its beginning. Option: `file`.
-class FileMonitor final : public EcgMonitor {
+class FileMonitor final : public PanelMonitor {
 public:
     FileMonitor(Clock& clock, MonitorWords words, LiveRecordReader reader);
 
@@ -21,9 +21,6 @@ public:
     Integer Init() override;
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
-    std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     void CloseC2(Integer handle) override;

@@ -101,18 +101,6 @@ Integer SerialMonitor::Tot_Channels() {
                  : static_cast<Integer>(options_.Number("channels"));
 }
 
-std::string SerialMonitor::Sig_Name(Integer channel) {
-    return channel == 1 ? "ECG A" : "ECG B";
-}
-
-double SerialMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double SerialMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
-}
-
 double SerialMonitor::Sig_Rate(Integer /*channel*/) {
     if (open_)
         return rate_;

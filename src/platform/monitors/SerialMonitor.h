@@ -1,12 +1,11 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/MonitorWords.h"
 #include "platform/monitors/Baseline.h"
 #include "platform/monitors/BytePort.h"
+#include "platform/monitors/PanelMonitor.h"
 #include "platform/monitors/SampleDecoder.h"
-#include "platform/monitors/SampleStore.h"
 
 #include <cstdint>
 #include <memory>
@@ -28,7 +27,7 @@ namespace pulselark {
 /// The resting level is taken out of the signal (`Baseline`), since it says more of skin and board than of
 /// the heart. Two seconds without a good sample are a lost connection: the board is told to start once more,
 /// and the port is closed and opened anew until it answers.
-class SerialMonitor final : public EcgMonitor {
+class SerialMonitor final : public PanelMonitor {
 public:
     SerialMonitor(Clock& clock, MonitorWords words, std::unique_ptr<BytePort> port);
     ~SerialMonitor() override;
@@ -40,9 +39,6 @@ public:
     Integer Init() override;
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
-    std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     void CloseC2(Integer handle) override;

@@ -71,18 +71,6 @@ Integer SimulatedMonitor::Tot_Channels() {
     return static_cast<Integer>(open_ ? static_cast<double>(persons_.size()) : options_.Number("channels"));
 }
 
-std::string SimulatedMonitor::Sig_Name(Integer channel) {
-    return channel == 1 ? "ECG A" : "ECG B";
-}
-
-double SimulatedMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double SimulatedMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
-}
-
 double SimulatedMonitor::Sig_Rate(Integer /*channel*/) {
     return Rate;
 }

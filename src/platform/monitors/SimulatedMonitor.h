@@ -1,9 +1,8 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/MonitorWords.h"
-#include "platform/monitors/SampleStore.h"
+#include "platform/monitors/PanelMonitor.h"
 #include "platform/monitors/SimulatedHeart.h"
 
 #include <cstdint>
@@ -23,7 +22,7 @@ namespace pulselark {
 ///     dropouts   disturbances a minute, 0 to 60: three of four lose some samples (20 to 120 ms), which are
 ///                NaN; the fourth is a loss of the connection for 3 to 6 seconds
 ///     channels   1 or 2
-class SimulatedMonitor final : public EcgMonitor {
+class SimulatedMonitor final : public PanelMonitor {
 public:
     static constexpr double Rate = 250; ///< samples a second
 
@@ -36,9 +35,6 @@ public:
     Integer Init() override;
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
-    std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     void CloseC2(Integer handle) override;

@@ -1,7 +1,5 @@
 #include "platform/monitors/StdDriverMonitor.h"
 
-#include "platform/monitors/SampleStore.h"
-
 #include <array>
 #include <utility>
 
@@ -57,14 +55,6 @@ Integer StdDriverMonitor::Tot_Channels() {
 
 std::string StdDriverMonitor::Sig_Name(Integer channel) {
     return open_ ? TextOf(driver_.Sig_Name(channel)) : std::string();
-}
-
-double StdDriverMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double StdDriverMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
 }
 
 double StdDriverMonitor::Sig_Rate(Integer channel) {

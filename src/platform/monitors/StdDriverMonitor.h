@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/MonitorWords.h"
 #include "platform/monitors/DriverLibrary.h"
+#include "platform/monitors/PanelMonitor.h"
 
 #include <cstdint>
 #include <string>
@@ -24,7 +24,7 @@ namespace pulselark {
 ///     void CloseC2(short handle)
 ///
 /// The samples, between the driver's least and largest value, are brought to the panel's range.
-class StdDriverMonitor final : public EcgMonitor {
+class StdDriverMonitor final : public PanelMonitor {
 public:
     StdDriverMonitor(Clock& clock, MonitorWords words, std::string library = "libstddriver.so");
 
@@ -33,8 +33,6 @@ public:
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
     std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     void CloseC2(Integer handle) override;

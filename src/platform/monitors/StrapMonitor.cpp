@@ -1,7 +1,5 @@
 #include "platform/monitors/StrapMonitor.h"
 
-#include "platform/monitors/SampleStore.h"
-
 #include <utility>
 
 namespace pulselark {
@@ -47,18 +45,6 @@ std::string StrapMonitor::Error_Msg() {
 
 Integer StrapMonitor::Tot_Channels() {
     return 1;
-}
-
-std::string StrapMonitor::Sig_Name(Integer /*channel*/) {
-    return "ECG A";
-}
-
-double StrapMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double StrapMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
 }
 
 double StrapMonitor::Sig_Rate(Integer /*channel*/) {

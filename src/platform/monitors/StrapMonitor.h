@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/MonitorWords.h"
 #include "platform/monitors/Baseline.h"
+#include "platform/monitors/PanelMonitor.h"
 #include "platform/monitors/StrapDecoder.h"
 #include "platform/monitors/StrapLink.h"
 
@@ -17,7 +17,7 @@ namespace pulselark {
 /// "Heart strap": a chest strap that gives its raw ECG over Bluetooth LE, 130 samples a second, one channel.
 /// Option: `address`, that of the strap; what follows a blank is its name and does not count; empty takes the
 /// first strap heard of. The resting level is taken out of the signal.
-class StrapMonitor final : public EcgMonitor {
+class StrapMonitor final : public PanelMonitor {
 public:
     StrapMonitor(Clock& clock, MonitorWords words, std::unique_ptr<StrapLink> link);
 
@@ -28,9 +28,6 @@ public:
     Integer Init() override;
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
-    std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     double OwnHeartRate() override;

@@ -1,7 +1,6 @@
 #include "platform/monitors/VilistusMonitor.h"
 
 #include "platform/ProgramFolder.h"
-#include "platform/monitors/SampleStore.h"
 
 #include <array>
 #include <utility>
@@ -93,18 +92,6 @@ std::string VilistusMonitor::Error_Msg() {
 
 Integer VilistusMonitor::Tot_Channels() {
     return 2;
-}
-
-std::string VilistusMonitor::Sig_Name(Integer channel) {
-    return channel == 1 ? "ECG A" : "ECG B";
-}
-
-double VilistusMonitor::Max_Value(Integer /*channel*/) {
-    return PanelRange;
-}
-
-double VilistusMonitor::Min_Value(Integer /*channel*/) {
-    return -PanelRange;
 }
 
 double VilistusMonitor::Sig_Rate(Integer /*channel*/) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Clock.h"
-#include "platform/EcgMonitor.h"
 #include "platform/MonitorWords.h"
 #include "platform/monitors/DriverLibrary.h"
+#include "platform/monitors/PanelMonitor.h"
 
 #include <cstdint>
 #include <string>
@@ -27,7 +27,7 @@ namespace pulselark {
 ///     int GetEpoch(int* unit, int channel, float* samples, int room)   how many it gave; panel units
 ///     int GetSystemStatus(int* unit)                       0 to 6: `MonitorWord::StateOk` and the next ones
 ///     int ReportVersion(int* unit)
-class VilistusMonitor final : public EcgMonitor {
+class VilistusMonitor final : public PanelMonitor {
 public:
     /// `serialPort` is the port the driver is to use, and takes the one that answered. `portRefused` tells
     /// the user of a failure to set it, with the driver's code; the start goes on all the same.
@@ -38,9 +38,6 @@ public:
     Integer Init() override;
     std::string Error_Msg() override;
     Integer Tot_Channels() override;
-    std::string Sig_Name(Integer channel) override;
-    double Max_Value(Integer channel) override;
-    double Min_Value(Integer channel) override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
     void CloseC2(Integer handle) override;
