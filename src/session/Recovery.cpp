@@ -111,6 +111,8 @@ Integer RestoreRecording(const std::string& name) {
     FillBuffers(content);
     SessionName = "noname";
     SessionUnsaved = On;
+    if (MonitorName == NoMonitorYet)
+        MonitorName = content.Head.Monitor; // the settings of the lost start were not kept
     PauseAsRecorded();
     GoOnWithJournal(name, bytes.substr(0, content.WholeBytes));
     ShowRestored();
