@@ -93,4 +93,9 @@ SessionTest::SessionTest() {
     PutEverythingBack();
 }
 
+// A journal that a test has left open lies on its own disk, which goes with it.
+SessionTest::~SessionTest() {
+    ResetJournal();
+}
+
 } // namespace pulselark

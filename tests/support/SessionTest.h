@@ -14,6 +14,7 @@ namespace pulselark {
 class SessionTest : public testing::Test {
 protected:
     SessionTest();
+    ~SessionTest() override;
 
     FakePlatform Outside;
     FakeTimers Timers{Outside.Time};
