@@ -95,7 +95,9 @@ int main() {
     SystemMonitors monitors(files, [] { return std::string(); });
     AddStandardMonitors(monitors, {.Clock = clock,
                                    .Words = [](MonitorWord) { return std::string(); },
-                                   .ReadRecord = [](const std::string&, LiveRecord&) { return false; }});
+                                   .ReadRecord = [](const std::string&, LiveRecord&) { return false; },
+                                   .SerialPort = SerialPort,
+                                   .TellPortRefused = [](Long) {}});
     const ConsolePlatform platform(&clock, monitors);
     const auto folder = std::filesystem::temp_directory_path() / ("lark_live_" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder);
