@@ -52,4 +52,11 @@ void fft_float(Long NumSamples, Integer InverseTransform, float* RealIn, const f
     }
 }
 
+void PlanTransforms() {
+    alignas(64) float samples[1024] = {};
+    alignas(64) fftwf_complex pairs[513];
+    for (const Long length : {1024, 512, 256})
+        PlanFor(length, samples, pairs);
+}
+
 } // namespace pulselark

@@ -16,4 +16,8 @@ namespace pulselark {
 void fft_float(Long NumSamples, Integer InverseTransform, float* RealIn, const float* ImagIn, float* RealOut,
                float* ImagOut);
 
+/// Plans the lengths that the analyses of a second use (1024, 512, 256), which takes a few milliseconds once,
+/// so that no second of a recording has to wait for it.
+void PlanTransforms();
+
 } // namespace pulselark

@@ -1,5 +1,6 @@
 #include "session/Recording.h"
 
+#include "base/FFT.h"
 #include "feedback/MidiChord.h"
 #include "feedback/SendAppData.h"
 #include "quickscan/QsAnalysis.h"
@@ -41,6 +42,7 @@ void BeginSession() {
     PausedTotalMs = SessionSeconds = RecordedSeconds = WriteIndexA = WriteIndexB = 0;
     SessionStartTimeSaved = ClockNow();
     ResetDiagnostics();
+    PlanTransforms();
     LiveChannelA.Restart();
     LiveChannelB.Restart();
     BeginJournal();
