@@ -16,12 +16,16 @@ constexpr std::size_t MostKinds = 3;
 constexpr int LongestLag = 6, FreeLag = 2; // samples
 constexpr double LagPenalty = 0.055;       // for each sample beyond
 
+std::size_t Place(int k) {
+    return static_cast<std::size_t>(k);
+}
+
 double Agreement(const Beat& beat, const std::array<double, Beat::ShapeSize>& shape, int lag) {
     double product = 0, squares = 1;
     const int from = std::max(2, 2 - lag), to = std::min(Beat::ShapeSize - 3, Beat::ShapeSize - 3 - lag);
     for (int k = from; k <= to; ++k) {
-        const double x = static_cast<double>(beat.Shape[static_cast<std::size_t>(k + lag)]);
-        const double y = shape[static_cast<std::size_t>(k)];
+        const double x = static_cast<double>(beat.Shape[Place(k + lag)]);
+        const double y = shape[Place(k)];
         product += x * y;
         squares += x * x + y * y;
     }
@@ -33,7 +37,7 @@ double Agreement(const Beat& beat, const std::array<double, Beat::ShapeSize>& sh
 BeatShapes::Match BeatShapes::Compare(const Beat& beat, const Shape& shape) {
     std::array<double, 2 * LongestLag + 1> agreement{};
     for (int lag = -LongestLag; lag <= LongestLag; ++lag)
-        agreement[static_cast<std::size_t>(lag + LongestLag)] = Agreement(beat, shape, lag);
+        agreement[Place(lag + LongestLag)] = Agreement(beat, shape, lag);
     const auto best = std::max_element(agreement.begin(), agreement.end());
     Match match{std::max(0.0, *best), static_cast<double>(best - agreement.begin()) - LongestLag};
     if (best != agreement.begin() && best + 1 != agreement.end()) {
@@ -53,9 +57,7 @@ BeatShapes::Shape BeatShapes::ShapeOf(const Beat& beat) {
 void BeatShapes::Approach(Shape& mean, const Beat& beat, double pace) {
     const int lag = static_cast<int>(std::lround(Compare(beat, mean).Lag));
     for (int k = std::max(0, -lag); k < std::min(Beat::ShapeSize, Beat::ShapeSize - lag); ++k)
-        mean[static_cast<std::size_t>(k)] +=
-            pace * (static_cast<double>(beat.Shape[static_cast<std::size_t>(k + lag)]) -
-                    mean[static_cast<std::size_t>(k)]);
+        mean[Place(k)] += pace * (static_cast<double>(beat.Shape[Place(k + lag)]) - mean[Place(k)]);
 }
 
 void BeatShapes::Learn(const std::deque<Beat>& beats) {

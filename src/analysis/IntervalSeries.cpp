@@ -14,8 +14,7 @@ constexpr double StrangePace = 0.15, MostStrange = 0.68; // share of the last be
 constexpr double Alike = 0.85, Unlike = 0.7, UnlikeInIrregular = 0.5;
 constexpr double Foreign = 0.2;     // that no normal beat has
 constexpr double AlignedFrom = 0.4; // of a beat that is only shifted
-// Agreement with ectopic beats, and how much more it is than that with the normal ones, in step and out of
-// it.
+// Agreement with ectopic beats, and by how much it then tops that with the normal ones.
 constexpr double LeastEctopic = 0.8, EctopicMargin = 0.1, EctopicMarginOutOfStep = -0.03;
 constexpr double LeastLag = 1.8; // samples, of a mark on another wave
 

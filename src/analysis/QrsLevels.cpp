@@ -62,7 +62,8 @@ double QrsLevels::Correlation(const Beat& one, const Beat& other) {
         double product = 0, oneSquared = 0, otherSquared = 0;
         for (int k = ShapeFrom; k <= ShapeTo; ++k) {
             const double x = one.Shape[static_cast<std::size_t>(k)];
-            const double y = other.Shape[static_cast<std::size_t>(k + lag)];
+            const int shifted = k + lag;
+            const double y = other.Shape[static_cast<std::size_t>(shifted)];
             product += x * y;
             oneSquared += x * x;
             otherSquared += y * y;
