@@ -10,69 +10,56 @@ namespace {
 constexpr std::size_t FirstBeats = 6; // that teach the normal shape
 constexpr std::size_t RecentBeats = 10;
 constexpr double StrangePace = 0.15, MostStrange = 0.68; // share of the last beats
-constexpr double ShapePace = 0.1;
-constexpr double Alike = 0.9, Unlike = 0.75, UnlikeInIrregular = 0.65; // agreement with the normal shape
-constexpr double Foreign = 0.2;                                        // agreement that no normal beat has
+// Agreement with the normal shape (BeatShapes).
+constexpr double Alike = 0.85, Unlike = 0.7, UnlikeInIrregular = 0.5;
+constexpr double Foreign = 0.2;     // that no normal beat has
+constexpr double AlignedFrom = 0.4; // of a beat that is only shifted
+// Agreement with ectopic beats, and by how much it then tops that with the normal ones.
+constexpr double LeastEctopic = 0.8, EctopicMargin = 0.1, EctopicMarginOutOfStep = -0.03;
+constexpr double LeastLag = 1.8; // samples, of a mark on another wave
 
 constexpr double Early = 0.82, EarlyUnlike = 0.92, LateUnlike = 1.12; // over the usual interval
 constexpr double RegularSpread = 0.07; // mean deviation of the usual intervals over their median
-constexpr double InStep = 0.25;        // deviation from the usual interval that is still the rhythm's
+// The share of intervals that differ from the one before; what the first beats show is not yet certain.
+constexpr double IrregularStep = 0.1, IrregularPace = 0.1, MostIrregular = 0.35, FirstShare = 0.7;
+constexpr double InStep = 0.25; // deviation from the usual interval that is still the rhythm's
 constexpr double MissedInStep = 0.12;
-constexpr double ShortestInterval = 0.25, LongestInterval = 3; // s
+constexpr double ShortestInterval = 0.25, LongestInterval = 3;                  // s
+constexpr double ShortestProvisional = 0.3, LongestProvisional = 2, Rate = 128; // s, s, samples a second
 constexpr std::size_t MostMissed = 2;
-constexpr int ShapeFrom = 3, ShapeTo = 28, LongestLag = 2;
-
-// 1 for the same shape of the same size, 0 and less for shapes that have nothing in common.
-double Agreement(const Beat& beat, const std::array<double, Beat::ShapeSize>& shape, int lag) {
-    double product = 0, squares = 1;
-    for (int k = ShapeFrom; k <= ShapeTo; ++k) {
-        const double x = beat.Shape[static_cast<std::size_t>(k + lag)];
-        const double y = shape[static_cast<std::size_t>(k)];
-        product += x * y;
-        squares += x * x + y * y;
-    }
-    return 2 * product / squares;
-}
-
-std::array<double, Beat::ShapeSize> ShapeOf(const Beat& beat) {
-    std::array<double, Beat::ShapeSize> shape{};
-    std::copy(beat.Shape.begin(), beat.Shape.end(), shape.begin());
-    return shape;
-}
 
 } // namespace
 
 void IntervalSeries::Add(const Beat& beat) {
     waiting_.push_back(beat);
-    if (!shapeKnown_ && waiting_.size() >= FirstBeats)
+    if (!shapes_.Known() && waiting_.size() >= FirstBeats)
         LearnShape(waiting_);
-    while (shapeKnown_ && waiting_.size() > 1)
+    while (shapes_.Known() && waiting_.size() > 1)
         Settle(waiting_[1].Time);
 }
 
 void IntervalSeries::Finish() {
-    if (!shapeKnown_ && !waiting_.empty())
+    if (!shapes_.Known() && !waiting_.empty())
         LearnShape(waiting_);
-    while (!waiting_.empty())
-        Settle(waiting_.size() > 1 ? waiting_[1].Time : waiting_.front().Time + UsualInterval());
+    while (!waiting_.empty()) {
+        const double time = waiting_.front().Time;
+        // The last beat counts as followed by an interval like its own.
+        const double own = lastTime_ < 0 ? UsualInterval() : time - lastTime_;
+        Settle(waiting_.size() > 1 ? waiting_[1].Time : time + own);
+    }
 }
 
-// The shape of the beat that is most like the others, and their median interval.
+// The usual shape and interval of these beats; of the first ones also whether their rhythm is irregular.
 void IntervalSeries::LearnShape(const std::deque<Beat>& beats) {
-    double best = -1;
+    shapes_.Learn(beats);
     std::vector<double> intervals;
-    for (std::size_t i = 0; i < beats.size(); ++i) {
-        double sum = 0;
-        for (const Beat& other : beats)
-            sum += Agreement(other, ShapeOf(beats[i]), 0);
-        if (i > 0)
-            intervals.push_back(beats[i].Time - beats[i - 1].Time);
-        if (sum <= best)
-            continue;
-        best = sum;
-        shape_ = ShapeOf(beats[i]);
-    }
-    shapeKnown_ = true;
+    for (std::size_t i = 1; i < beats.size(); ++i)
+        intervals.push_back(beats[i].Time - beats[i - 1].Time);
+    int steps = 0;
+    for (std::size_t i = 1; i < intervals.size(); ++i)
+        steps += std::abs(intervals[i] / intervals[i - 1] - 1) > IrregularStep ? 1 : 0;
+    if (intervals.size() > 2 && lastTime_ < 0)
+        irregular_ = FirstShare * steps / (static_cast<double>(intervals.size()) - 1);
     std::sort(intervals.begin(), intervals.end());
     intervals_.clear();
     if (!intervals.empty())
@@ -91,16 +78,25 @@ void IntervalSeries::WatchForLoss(const Beat& beat, BeatKind kind) {
     strange_ = 0;
 }
 
-double IntervalSeries::Likeness(const Beat& beat) const {
-    double best = 0;
-    for (int lag = -LongestLag; lag <= LongestLag; ++lag)
-        best = std::max(best, Agreement(beat, shape_, lag));
-    return best;
+// A mark that went to another wave of the QRS than usual is put back where the shape of the normal beats has
+// it.
+double IntervalSeries::Aligned(const Beat& beat) const {
+    if (!shapes_.Known())
+        return beat.Time;
+    const auto match = shapes_.Normal(beat);
+    if (std::abs(match.Lag) < LeastLag || match.Agreement < AlignedFrom)
+        return beat.Time;
+    return (std::round(beat.Time * Rate) + match.Lag) / Rate;
 }
 
-void IntervalSeries::AddShape(const Beat& beat) {
-    for (std::size_t k = 0; k < shape_.size(); ++k)
-        shape_[k] += ShapePace * (beat.Shape[k] - shape_[k]);
+void IntervalSeries::WatchRhythm(double raw) {
+    if (raw > 0 && lastRaw_ > 0)
+        irregular_ += IrregularPace * ((std::abs(raw / lastRaw_ - 1) > IrregularStep ? 1 : 0) - irregular_);
+    lastRaw_ = raw;
+}
+
+bool IntervalSeries::Irregular() const {
+    return irregular_ > MostIrregular;
 }
 
 void IntervalSeries::AddInterval(double interval) {
@@ -130,18 +126,26 @@ bool IntervalSeries::Plausible(double raw) const {
 }
 
 BeatKind IntervalSeries::KindOf(const Beat& beat, double raw, double next) const {
-    const double usual = UsualInterval(), like = Likeness(beat);
+    const double usual = UsualInterval(), like = shapes_.Normal(beat).Agreement;
     if (raw < ShortestInterval || (beat.Doubtful && (like < Unlike || !Plausible(raw))))
         return BeatKind::Untrusted;
     const double early = raw / usual;
-    const double unlike = Regular() ? Unlike : UnlikeInIrregular;
-    if (like < Foreign && Regular())
+    const bool outOfStep = early < EarlyUnlike || next > LateUnlike * usual;
+    if (like < Foreign)
         return BeatKind::Ectopic;
-    if (like < unlike && (early < EarlyUnlike || next > LateUnlike * usual))
+    const double ectopic = shapes_.Ectopic(beat);
+    if (ectopic > LeastEctopic &&
+        ectopic > like + (outOfStep && !Irregular() ? EctopicMarginOutOfStep : EctopicMargin))
         return BeatKind::Ectopic;
+    if (like < (Irregular() ? UnlikeInIrregular : Unlike) && outOfStep)
+        return BeatKind::Ectopic;
+    if (Irregular())
+        return BeatKind::Normal;
     if (like < Alike && early < Early && next > early * usual)
         return BeatKind::Ectopic;
-    return Regular() && early < Early && next > raw * LateUnlike ? BeatKind::Ectopic : BeatKind::Normal;
+    // Breathing makes intervals short step by step.
+    const bool suddenly = intervals_.empty() || raw < EarlyUnlike * intervals_.back();
+    return suddenly && early < Early && next > raw * LateUnlike ? BeatKind::Ectopic : BeatKind::Normal;
 }
 
 void IntervalSeries::Settle(double nextTime) {
@@ -158,29 +162,39 @@ void IntervalSeries::Settle(double nextTime) {
     if (interval.Kind != BeatKind::Normal) {
         ++sinceNormal_;
         broken_ = broken_ || interval.Kind == BeatKind::Untrusted;
+        if (interval.Kind == BeatKind::Ectopic && shapes_.Normal(beat).Agreement < Alike)
+            shapes_.AddEctopic(beat);
     } else {
-        const double parts = std::max(1.0, std::round((beat.Time - lastNormal_) / usual));
-        const double part = (beat.Time - lastNormal_) / parts;
-        if (!broken_ && sinceNormal_ == 0 && parts > 1 && parts <= MostMissed + 1.0 && Regular() &&
-            std::abs(part / usual - 1) < MissedInStep) {
-            InferMissed(raw, static_cast<std::size_t>(parts) - 1);
-            interval.Corrected = static_cast<float>(part);
-        } else if (!broken_ && sinceNormal_ == 0 && raw < LongestInterval) {
-            counts = true;
-            interval.Corrected = interval.Raw;
-            AddInterval(raw);
-        } else if (!broken_ && sinceNormal_ > 0 && std::abs(part / usual - 1) < InStep) {
-            interval.Corrected = static_cast<float>(part);
-            AddInterval(part);
-        }
-        AddShape(beat);
-        lastNormal_ = beat.Time;
-        sinceNormal_ = 0;
-        broken_ = false;
+        counts = GoOn(beat, interval);
     }
     lastTime_ = beat.Time;
     Keep(interval, counts);
     WatchForLoss(beat, interval.Kind);
+}
+
+// A normal beat: its interval corrected; whether it is one between two normal beats.
+bool IntervalSeries::GoOn(const Beat& beat, BeatInterval& interval) {
+    const double aligned = Aligned(beat), sinceNormal = aligned - lastNormal_, usual = UsualInterval();
+    const double parts = std::max(1.0, std::round(sinceNormal / usual)), part = sinceNormal / parts;
+    const bool missed = parts > 1 && parts <= MostMissed + 1.0 && Regular() && !Irregular() &&
+                        std::abs(part / usual - 1) < MissedInStep;
+    const bool counts =
+        !broken_ && sinceNormal_ == 0 && sinceNormal > 0 && !missed && interval.Raw < LongestInterval;
+    const bool aroundOthers = !broken_ && sinceNormal_ > 0 && std::abs(part / usual - 1) < InStep;
+    if (!broken_ && sinceNormal_ == 0 && missed) {
+        InferMissed(interval.Raw, static_cast<std::size_t>(parts) - 1);
+        interval.Corrected = static_cast<float>(part);
+    } else if (counts || aroundOthers) {
+        const double corrected = counts ? sinceNormal : part;
+        interval.Corrected = static_cast<float>(corrected);
+        AddInterval(corrected);
+    }
+    WatchRhythm(counts ? sinceNormal : 0);
+    shapes_.AddNormal(beat);
+    lastNormal_ = aligned;
+    sinceNormal_ = 0;
+    broken_ = false;
+    return counts;
 }
 
 void IntervalSeries::InferMissed(double raw, std::size_t count) {
@@ -203,19 +217,40 @@ std::optional<BeatInterval> IntervalSeries::Next() {
     return interval;
 }
 
-float IntervalSeries::MeanInterval(int second) const {
-    double counted = 0, corrected = 0;
-    int countedBeats = 0, correctedBeats = 0;
-    // The beat that is not final counts if it is in step.
-    if (!waiting_.empty() && shapeKnown_ && lastTime_ >= 0 && lastTime_ == lastNormal_) {
-        const double raw = waiting_.front().Time - lastTime_;
-        if (std::ceil(waiting_.front().Time) == second && Plausible(raw)) {
-            counted = raw;
-            countedBeats = 1;
-        }
+// The interval that a beat whose kind is not final ends: in step with the rhythm, or, before the rhythm is
+// known, one that a heart can have. 0 if there is none.
+double IntervalSeries::Provisional(std::size_t index) const {
+    if (index > 0) {
+        const double raw = waiting_[index].Time - waiting_[index - 1].Time;
+        return raw > ShortestProvisional && raw < LongestProvisional ? raw : 0;
     }
-    double before = 1; // the last interval of an earlier second
-    for (auto known = known_.rbegin(); known != known_.rend(); ++known) {
+    if (lastNormal_ < 0 || sinceNormal_ > 0)
+        return 0;
+    const double raw = Aligned(waiting_[index]) - lastNormal_;
+    return Plausible(raw) ? raw : 0;
+}
+
+float IntervalSeries::MeanInterval(int second) const {
+    struct Mean {
+        double Sum = 0;
+        int Count = 0;
+        void Add(double value) {
+            Sum += value;
+            ++Count;
+        }
+        float Value() const { return static_cast<float>(Sum / Count); }
+    } counted, corrected;
+    float before = 0; // the last interval of an earlier second
+    for (std::size_t i = waiting_.size(); i-- > 0 && before == 0;) {
+        const double interval = Provisional(i);
+        if (interval <= 0 || waiting_[i].Time >= second)
+            continue;
+        if (waiting_[i].Time < second - 1)
+            before = static_cast<float>(interval);
+        else
+            counted.Add(interval);
+    }
+    for (auto known = known_.rbegin(); known != known_.rend() && before == 0; ++known) {
         const BeatInterval& interval = known->Interval;
         if (interval.Time >= second || interval.Kind == BeatKind::Untrusted || known + 1 == known_.rend())
             continue;
@@ -223,16 +258,15 @@ float IntervalSeries::MeanInterval(int second) const {
             before = interval.Corrected;
             break;
         }
-        corrected += interval.Corrected;
-        ++correctedBeats;
-        if (known->Counts) {
-            counted += interval.Raw;
-            ++countedBeats;
-        }
+        corrected.Add(interval.Corrected);
+        if (known->Counts)
+            counted.Add(interval.Corrected);
     }
-    if (countedBeats > 0)
-        return static_cast<float>(counted / countedBeats);
-    return static_cast<float>(correctedBeats > 0 ? corrected / correctedBeats : before);
+    if (counted.Count > 0)
+        return counted.Value();
+    if (corrected.Count > 0)
+        return corrected.Value();
+    return before > 0 ? before : 1;
 }
 
 } // namespace pulselark

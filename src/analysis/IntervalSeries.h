@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/Beat.h"
+#include "analysis/BeatShapes.h"
 
 #include <deque>
 #include <optional>
@@ -24,11 +25,13 @@ struct BeatInterval {
     BeatKind Kind = BeatKind::Normal;
 };
 
-/// A beat counts as ectopic if its shape is unlike the running mean of the normal ones and its time is out of
-/// step, or, in a regular rhythm, by its earliness alone. In an irregular rhythm (atrial fibrillation) an
-/// early beat of normal shape is a normal one. Intervals beside an ectopic beat are replaced by the time
-/// between the normal beats around it over the number of intervals; a gap of two or three whole intervals in
-/// a regular rhythm holds missed beats.
+/// Shape judges first: a beat counts as ectopic if its shape has nothing in common with the running mean of
+/// the normal ones, is closer to that of ectopic beats seen before (`BeatShapes`), or differs while its time
+/// is out of step. Earliness alone makes a beat of normal shape ectopic only while the rhythm is not
+/// irregular (atrial fibrillation). Intervals beside an ectopic beat are replaced by the time between the
+/// normal beats around it over the number of intervals; a gap of two or three whole intervals in a regular
+/// rhythm holds missed beats. A mark on another wave of the QRS than usual is shifted to the usual one for
+/// the corrected interval. Until six beats have taught the shape every interval between 0.3 and 2 s counts.
 class IntervalSeries {
 public:
     /// Seconds after whose end the value of a second stands. The tick of second s stores `MeanInterval` of s
@@ -46,8 +49,8 @@ public:
     void Finish();
 
     /// Mean interval of second `second` (from 1: the time from second - 1 to second), as known by now: of the
-    /// intervals between two normal beats that end in it, else of the corrected ones, else that of the second
-    /// before; 1.0 before the first interval.
+    /// corrected intervals between two normal beats that end in it, else of all corrected ones, else the last
+    /// one before it; 1.0 before the first interval.
     float MeanInterval(int second) const;
 
 private:
@@ -60,24 +63,28 @@ private:
     void Settle(double nextTime);
     void LearnShape(const std::deque<Beat>& beats);
     void WatchForLoss(const Beat& beat, BeatKind kind);
-    double Likeness(const Beat& beat) const;
-    void AddShape(const Beat& beat);
+    void WatchRhythm(double raw);
     void AddInterval(double interval);
     double UsualInterval() const;
     bool Regular() const;
+    bool Irregular() const;
+    double Aligned(const Beat& beat) const;
     BeatKind KindOf(const Beat& beat, double raw, double next) const;
+    double Provisional(std::size_t index) const;
+    bool GoOn(const Beat& beat, BeatInterval& interval);
     void InferMissed(double raw, std::size_t count);
     void Keep(const BeatInterval& interval, bool counts);
     bool Plausible(double raw) const;
 
-    std::deque<Beat> waiting_;                    // beats whose kind is not final
-    std::deque<BeatInterval> final_;              // not yet fetched
-    std::vector<Known> known_;                    // every final beat
-    std::array<double, Beat::ShapeSize> shape_{}; // mean shape of the normal beats
-    bool shapeKnown_ = false;
+    std::deque<Beat> waiting_;       // beats whose kind is not final
+    std::deque<BeatInterval> final_; // not yet fetched
+    std::vector<Known> known_;       // every final beat
+    BeatShapes shapes_;
     std::deque<Beat> recent_;      // the last final beats
     double strange_ = 0;           // share of the last beats that are not normal
     std::deque<double> intervals_; // the last ones of the normal rhythm, s
+    double lastRaw_ = 0;           // of the last beat of normal shape, s; 0 after another one
+    double irregular_ = 0;         // share of the last normal intervals that differ from the one before
     double lastTime_ = -1;         // of the last final beat; -1 before
     double lastNormal_ = -1;       // of the last normal one
     int sinceNormal_ = 0;          // beats of other kinds since

@@ -14,15 +14,15 @@ constexpr int ShapeFrom = 6, ShapeTo = 26; // part of the shape that is compared
 constexpr double RestPace = 0.1, TWavePace = 0.2;
 
 // Logistic regression, see the header; heights are natural logarithms.
-constexpr double Constant = 2.4;
-constexpr double PerBeatLevel = 3.69, PerBeatLevelSquared = 0.569;
-constexpr double PerRestLevel = 2.27, PerTWaveLevel = 1.78;
-constexpr double PerBandAbove = 2.19;
-constexpr double PerLikeness = -7.09, PerLikenessSquared = 9.72;
-constexpr double PerOtherLikeness = -0.331, PerOtherLikenessMean = -2.01;
-constexpr double PerInterval = 4.05, PerIntervalSquared = -0.152;
-constexpr double InTWave = -1.61, VeryEarly = -3.8;
-constexpr double PerAhead = -0.496;
+constexpr double Constant = 2.632;
+constexpr double PerBeatLevel = 3.0, PerBeatLevelSquared = 0.303;
+constexpr double PerRestLevel = 1.84, PerTWaveLevel = 1.581;
+constexpr double PerBandAbove = 2.263;
+constexpr double PerLikeness = -6.626, PerLikenessSquared = 9.192;
+constexpr double PerOtherLikeness = -1.021, PerOtherLikenessMean = -1.649;
+constexpr double PerInterval = 2.8, PerIntervalSquared = -0.181;
+constexpr double InTWave = -1.793, VeryEarly = -3.119;
+constexpr double PerAhead = -0.718;
 
 } // namespace
 
@@ -62,7 +62,8 @@ double QrsLevels::Correlation(const Beat& one, const Beat& other) {
         double product = 0, oneSquared = 0, otherSquared = 0;
         for (int k = ShapeFrom; k <= ShapeTo; ++k) {
             const double x = one.Shape[static_cast<std::size_t>(k)];
-            const double y = other.Shape[static_cast<std::size_t>(k + lag)];
+            const int shifted = k + lag;
+            const double y = other.Shape[static_cast<std::size_t>(shifted)];
             product += x * y;
             oneSquared += x * x;
             otherSquared += y * y;

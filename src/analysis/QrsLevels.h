@@ -32,8 +32,9 @@ public:
     /// Logarithm of the odds that the candidate, so many samples after the last beat, is a beat. A linear
     /// discriminant of heights over the levels of beats, T waves and other waves, share of the band above,
     /// likeness to the last beats and the last other waves, and time since the last beat over the usual
-    /// interval. Its weights are those of a logistic regression on the MIT-BIH Arrhythmia Database (22
-    /// records) and two records of its Noise Stress Test Database, first leads.
+    /// interval. Its weights are the mean of two logistic regressions: one on the first leads of 22 records
+    /// of the MIT-BIH Arrhythmia Database and of two of its Noise Stress Test Database, one on these, on
+    /// their second leads, and on the first leads with white noise and electrode motion added.
     double Score(const QrsCandidate& candidate, double sinceLast) const;
 
     /// A wave was judged to be a beat. `interval` in samples; 0 if there is none to learn.

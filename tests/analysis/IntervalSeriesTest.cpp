@@ -61,14 +61,16 @@ TEST(IntervalSeriesTest, MissedBeatsAreInferred) {
 }
 
 TEST(IntervalSeriesTest, BreathingIsNotEctopic) {
-    IntervalSeries series;
-    double time = 0.5;
-    for (int i = 0; i < 200; ++i) {
-        series.Add(BeatAt(time));
-        time += 0.85 + 0.17 * std::sin(2 * 3.14159265 * time / 10); // 59 to 88 beats a minute in 5 s
+    for (const double depth : {0.17, 0.26}) { // 59 to 88 beats a minute in 5 s, and 54 to 102
+        IntervalSeries series;
+        double time = 0.5;
+        for (int i = 0; i < 200; ++i) {
+            series.Add(BeatAt(time));
+            time += 0.85 + depth * std::sin(2 * 3.14159265 * time / 10);
+        }
+        std::vector<BeatInterval> intervals;
+        EXPECT_EQ(Kinds(series, intervals), std::string(200, 'N')) << depth;
     }
-    std::vector<BeatInterval> intervals;
-    EXPECT_EQ(Kinds(series, intervals), std::string(200, 'N'));
 }
 
 TEST(IntervalSeriesTest, ASecondHasTheMeanOfItsIntervalsOrTheLastOne) {
@@ -91,6 +93,69 @@ TEST(IntervalSeriesTest, ALiveTickSeesTheSecondThatJustEnded) {
         series.Add(BeatAt(time));
     series.Add(BeatAt(10.1)); // not final before the next
     EXPECT_NEAR(series.MeanInterval(11), 0.8, 1e-5);
+}
+
+TEST(IntervalSeriesTest, IntervalsCountFromTheSecondBeatOn) {
+    IntervalSeries series;
+    series.Add(BeatAt(0.5));
+    EXPECT_EQ(series.MeanInterval(1), 1);
+    series.Add(BeatAt(1.3));
+    series.Add(BeatAt(2.2));
+    EXPECT_NEAR(series.MeanInterval(2), 0.8, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(3), 0.9, 1e-5);
+    EXPECT_NEAR(series.MeanInterval(4), 0.9, 1e-5); // no beat in it
+    EXPECT_FALSE(series.Next());
+}
+
+TEST(IntervalSeriesTest, AnIrregularRhythmOfNormalShapeIsNormal) {
+    IntervalSeries series;
+    std::mt19937 generator(3);
+    std::uniform_real_distribution<double> interval(0.4, 1.1);
+    double time = 0.5;
+    for (int i = 0; i < 300; ++i) {
+        series.Add(BeatAt(time, i % 25 == 24));
+        time += interval(generator);
+    }
+    std::vector<BeatInterval> intervals;
+    const std::string kinds = Kinds(series, intervals);
+    ASSERT_EQ(kinds.size(), 300U); // nothing inferred
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        EXPECT_EQ(kinds[i], i % 25 == 24 ? 'E' : 'N') << i;
+}
+
+TEST(IntervalSeriesTest, AnEctopicShapeIsKnownAgainWhenInStep) {
+    const auto add = [](IntervalSeries& series, int beat, double time) {
+        Beat mixed = BeatAt(time);
+        for (int k = 0; k < Beat::ShapeSize; ++k) // as wide as an ectopic one, yet alike by 0.7 to 0.8
+            mixed.Shape[static_cast<std::size_t>(k)] -=
+                0.4F * BeatAt(time, true).Shape[static_cast<std::size_t>(k)];
+        series.Add(beat % 8 == 7 ? mixed : BeatAt(time));
+    };
+    IntervalSeries series;
+    for (int i = 0; i < 64; ++i)
+        add(series, i, 0.5 + 0.8 * i - (i % 8 == 7 && i < 40 ? 0.25 : 0));
+    std::vector<BeatInterval> intervals;
+    const std::string kinds = Kinds(series, intervals);
+    for (std::size_t i = 7; i < kinds.size(); i += 8)
+        EXPECT_EQ(kinds[i], 'E') << i;
+}
+
+TEST(IntervalSeriesTest, AMarkOnAnotherWaveOfTheQrsBendsNoInterval) {
+    IntervalSeries series;
+    for (int i = 0; i < 20; ++i) {
+        Beat beat = BeatAt(0.5 + 0.75 * i);
+        if (i % 5 == 4) { // marked four samples late
+            beat.Time += 4.0 / 128;
+            std::copy(beat.Shape.begin() + 4, beat.Shape.end(), beat.Shape.begin());
+            std::fill(beat.Shape.end() - 4, beat.Shape.end(), beat.Shape[Beat::ShapeSize - 5]);
+        }
+        series.Add(beat);
+    }
+    std::vector<BeatInterval> intervals;
+    EXPECT_EQ(Kinds(series, intervals), std::string(20, 'N'));
+    for (std::size_t i = 1; i < intervals.size(); ++i)
+        EXPECT_NEAR(intervals[i].Corrected, 0.75, 0.003) << i;
+    EXPECT_NEAR(intervals[4].Raw, 0.78125, 1e-5);
 }
 
 SignalQuality::Step LightOf(const std::vector<float>& second) {
