@@ -24,7 +24,7 @@ constexpr double SearchBackAfter = 1.66, LowestSearchedScore = -0.85;
 constexpr float LowestHeight = 2.3F; // logarithm; 10 panel units are noise of the monitor
 constexpr double NeverABeat = -1000; // as a score
 constexpr double GapEdge = 0.12 * Rate, BesideGap = 0.25 * Rate;
-constexpr std::int64_t LearningTime = 320, Silence = 8 * 128;
+constexpr std::int64_t LearningTime = 320, Silence = 1024;
 constexpr std::size_t MostRejected = 64;
 
 static_assert((Wait + 1) / Rate == BeatDetector::LookAhead);

@@ -15,6 +15,12 @@ constexpr int ShortestLoss = 3, ShortestZero = 20, ShortestFlat = 96;       // s
 constexpr float LeastStep = 50; // panel units, to a 0 that is no part of the signal
 constexpr int OneGap = 38;      // samples between two gaps that count as one
 
+// Place of the tap `k` samples from a filter's middle.
+std::size_t TapOf(int k) {
+    const int place = k + QrsSignal::Reach;
+    return static_cast<std::size_t>(place);
+}
+
 } // namespace
 
 QrsSignal::QrsSignal() {
@@ -24,13 +30,13 @@ QrsSignal::QrsSignal() {
         const auto phase = [band](int k) { return 2 * std::numbers::pi * Centre[band] * k / Rate; };
         for (int k = -Reach; k <= Reach; ++k) {
             const double t = k / Rate / Spread[band];
-            double& w = weight[static_cast<std::size_t>(k + Reach)];
+            double& w = weight[TapOf(k)];
             w = std::exp(-t * t / 2);
             sum += w;
             constant += w * std::cos(phase(k));
         }
         for (int k = -Reach; k <= Reach; ++k) {
-            const auto i = static_cast<std::size_t>(k + Reach);
+            const auto i = TapOf(k);
             const double w = 2 * weight[i] / sum;
             filters_[band].Cosine[i] = static_cast<float>(w * (std::cos(phase(k)) - constant / sum));
             filters_[band].Sine[i] = static_cast<float>(w * std::sin(phase(k)));
@@ -76,8 +82,8 @@ float QrsSignal::EnvelopeAt(const Filter& filter, std::int64_t centre) const {
     float cosine = 0, sine = 0;
     for (int k = -Reach; k <= Reach; ++k) {
         const float x = Sample(centre + k);
-        cosine += filter.Cosine[static_cast<std::size_t>(k + Reach)] * x;
-        sine += filter.Sine[static_cast<std::size_t>(k + Reach)] * x;
+        cosine += filter.Cosine[TapOf(k)] * x;
+        sine += filter.Sine[TapOf(k)] * x;
     }
     return std::sqrt(cosine * cosine + sine * sine);
 }

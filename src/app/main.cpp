@@ -53,8 +53,11 @@ int RunRecordHere(int argc, char** argv, Arguments arguments) {
     const QCoreApplication application(argc, argv);
     return RunRecord(arguments, {.AddMonitors = &AddAllMonitors, .Wait = [](int milliseconds) {
                                      QEventLoop loop;
-                                     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop,
-                                                        &QEventLoop::quit);
+                                     QTimer end;
+                                     end.setTimerType(Qt::PreciseTimer);
+                                     end.setSingleShot(true);
+                                     QObject::connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
+                                     end.start(milliseconds);
                                      loop.exec();
                                  }});
 }
