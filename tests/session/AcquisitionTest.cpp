@@ -94,7 +94,11 @@ TEST_F(Acquisition, AMonitorOfAnyRateKeepsTheTimeBase) {
         const Long from = 20 * 128, to = 590 * 128;
         EXPECT_NEAR(MeanPeriodInSamples(from, to), 0.8 * 128, 0.8 * 128 * monitor.Tolerance / (570 * 128))
             << monitor.Rate << " " << monitor.Speed;
-        EXPECT_NEAR(IbiA[300], 0.8, monitor.Speed > 0.99 ? 0.008 : 0.03) << monitor.Rate;
+        // A sample that is put in or left out moves one interval by itself; their mean is right.
+        double sum = 0;
+        for (Long second = 101; second <= 500; ++second)
+            sum += IbiA[second];
+        EXPECT_NEAR(sum / 400, 0.8, 0.001) << monitor.Rate << " " << monitor.Speed;
         timProcess.Enabled = false;
     }
 }
