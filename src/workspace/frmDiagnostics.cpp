@@ -1,6 +1,5 @@
 #include "workspace/frmDiagnostics.h"
 
-#include "session/Diagnostics.h"
 #include "session/MainBuffers.h"
 #include "workspace/Look.h"
 #include "workspace/Texts.h"
@@ -58,19 +57,20 @@ frmDiagnostics::frmDiagnostics(QWidget* owner) : FormWindow(owner, "frmDiagnosti
     AddFigure(recording_, TextJournalSeconds, CountOf(Diagnostics.JournalSeconds));
     AddFigure(recording_, TextBeatsFound, CountOf(Diagnostics.Beats));
     AddFigure(recording_, TextConnectionLosses, CountOf(Diagnostics.Losses));
-    const ChannelFigures* const figures[] = {&Diagnostics.A, &Diagnostics.B};
-    const float* const qualities[] = {&SignalQualityA, &SignalQualityB};
-    const Integer* const lights[] = {&SignalLightA, &SignalLightB};
-    for (std::size_t i = 0; i < channels_.size(); ++i) {
-        channels_[i] = AddCard(right);
-        const ChannelFigures& channel = *figures[i];
-        AddFigure(channels_[i], TextMonitorRate, RateOf(channel));
-        AddFigure(channels_[i], TextLostSamples, CountOf(channel.LostSamples));
-        AddFigure(channels_[i], TextClockCorrections, CountOf(channel.Corrections));
-        AddFigure(channels_[i], TextNewestSampleAge, [&channel] { return Milliseconds(channel.LagMs); });
-        AddFigure(channels_[i], TextSignalQuality, QualityOf(*qualities[i], *lights[i]));
-    }
+    channels_ = {AddChannel(right, Diagnostics.A, SignalQualityA, SignalLightA),
+                 AddChannel(right, Diagnostics.B, SignalQualityB, SignalLightB)};
     Retranslate();
+}
+
+FormCard* frmDiagnostics::AddChannel(QVBoxLayout* column, const ChannelFigures& channel, const float& quality,
+                                     const Integer& light) {
+    FormCard* card = AddCard(column);
+    AddFigure(card, TextMonitorRate, RateOf(channel));
+    AddFigure(card, TextLostSamples, CountOf(channel.LostSamples));
+    AddFigure(card, TextClockCorrections, CountOf(channel.Corrections));
+    AddFigure(card, TextNewestSampleAge, [&channel] { return Milliseconds(channel.LagMs); });
+    AddFigure(card, TextSignalQuality, QualityOf(quality, light));
+    return card;
 }
 
 FormCard* frmDiagnostics::AddCard(QVBoxLayout* column) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "session/Diagnostics.h"
 #include "workspace/FormWindow.h"
 
 #include <array>
@@ -30,12 +31,14 @@ private:
         std::function<QString()> Read;
     };
     FormCard* AddCard(QVBoxLayout* column);
+    FormCard* AddChannel(QVBoxLayout* column, const ChannelFigures& channel, const float& quality,
+                         const Integer& light);
     void AddFigure(FormCard* card, int name, std::function<QString()> read);
     void ReadFigures();
 
     FormCard* times_;
     FormCard* recording_;
-    std::array<FormCard*, 2> channels_;
+    std::array<FormCard*, 2> channels_{};
     std::vector<Figure> figures_;
 };
 
