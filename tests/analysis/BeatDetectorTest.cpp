@@ -44,6 +44,10 @@ void ExpectBeats(const std::vector<float>& samples, const std::vector<double>& e
         EXPECT_NEAR(found[i], expected[i], 0.003);
 }
 
+auto AtSecond(std::vector<float>& samples, std::ptrdiff_t second) {
+    return samples.begin() + second * 128;
+}
+
 TEST(BeatDetectorTest, BeatsOfEitherPolarityOnAWanderingBaseline) {
     const auto beats = SteadyBeats(0.7, 0.8137, 60);
     for (const double height : {500.0, -500.0, 60.0}) {
@@ -67,7 +71,7 @@ TEST(BeatDetectorTest, AfterAGapTheBeatsGoOnInTheirPlaces) {
         auto samples = SignalWithBeats(beats, 60.5);
         for (float& sample : samples)
             sample += 1500;
-        std::fill(samples.begin() + 30 * 128, samples.begin() + 35 * 128, filler);
+        std::fill(AtSecond(samples, 30), AtSecond(samples, 35), filler);
         auto expected = beats;
         std::erase_if(expected, [](double t) { return t > 29.9 && t < 35.1; });
         ExpectBeats(samples, expected);
@@ -78,7 +82,7 @@ TEST(BeatDetectorTest, AfterAJumpOfTheAmplitudeTheBeatsAreFoundAgain) {
     const auto beats = SteadyBeats(0.5, 0.9, 60);
     for (const float factor : {0.1F, 8.0F}) {
         auto samples = SignalWithBeats(beats, 60.5);
-        std::transform(samples.begin() + 20 * 128, samples.end(), samples.begin() + 20 * 128,
+        std::transform(AtSecond(samples, 20), samples.end(), AtSecond(samples, 20),
                        [factor](float sample) { return sample * factor; });
         const auto found = Detect(samples).Times;
         const auto after = [](const std::vector<double>& times) {
