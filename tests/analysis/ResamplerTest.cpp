@@ -71,9 +71,8 @@ TEST(ResamplerTest, LostSamplesKeepTheirPlaceAndSpoilNoOther) {
 }
 
 TEST(ResamplerTest, ARateThatNoMonitorHasFails) {
-    EXPECT_THROW(Resampler(0), Failure);
-    EXPECT_THROW(Resampler(std::numeric_limits<double>::quiet_NaN()), Failure);
-    EXPECT_THROW(Resampler(1e9), Failure);
+    for (const double rate : {0.0, std::numeric_limits<double>::quiet_NaN(), 1e9})
+        EXPECT_THROW(Resampler{rate}, Failure) << rate;
 }
 
 } // namespace

@@ -65,7 +65,7 @@ TEST_P(TraceSecondOpinion, AgreesOnEveryMidiWord) {
         ASSERT_EQ(code, 0);
         const std::string name = folder.Name() + "/" + mode;
         std::ofstream(name) << lines;
-        traces += " " + mode + ":16:" + name;
+        traces.append(" ").append(mode).append(":16:").append(name);
     }
     const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "chord.py";
     EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' -B '" + reference.string() + "' '" + session.string() +
