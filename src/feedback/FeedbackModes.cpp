@@ -87,6 +87,11 @@ void ChooseMode(int index) {
     DrawModeSelector(LastModeIndex);
 }
 
+// A recording in its pause goes on with the level: nothing of it is lost.
+bool ContinuesRecording() {
+    return FeedbackEnabled == Off && SessionPaused != Off;
+}
+
 // Whether the session in memory may go. A save that is cancelled, or fails, keeps it.
 bool MayDropUnsaved() {
     const int answer = ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
@@ -186,8 +191,8 @@ void SelectFeedbackMode(int index, bool selectOnly) {
         RunOtherButton(index);
     if (IsMode(index))
         ChooseMode(index);
-    const bool startsLevel = changed && index >= FirstLevelWithEcg;
-    if (startsLevel && !selectOnly && !timProcess.Enabled && SessionUnsaved != Off && !MayDropUnsaved()) {
+    const bool startsLevel = changed && index >= FirstLevelWithEcg && !selectOnly && !timProcess.Enabled;
+    if (startsLevel && SessionUnsaved != Off && !ContinuesRecording() && !MayDropUnsaved()) {
         GiveUpSelection(index);
         return;
     }

@@ -10,6 +10,8 @@
 #include "session/Monitor.h"
 #include "session/RecordingTime.h"
 
+#include <utility>
+
 namespace pulselark {
 
 Boolean ConnectionLost = Off;
@@ -40,9 +42,9 @@ void HoldFeedback() {
 void LetFeedbackGoOn() {
     if (SceneryScrolls())
         SendAppCommand(CmdStartScroll);
-    if (!musicHeld)
+    // Who has left the training meanwhile wants no music.
+    if (!std::exchange(musicHeld, false) || TrainingActive == Off)
         return;
-    musicHeld = false;
     const bool stillDying = timFadeOut.Enabled;
     timFadeOut.Enabled = false;
     FadeStep = 0;

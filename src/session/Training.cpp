@@ -21,8 +21,9 @@ namespace pulselark {
 
 namespace {
 
+// A recording does not hinder it.
 bool MayChangeView() {
-    return SessionRunning == Off && !SessionBusy() && SeekBusy == Off && DialogOpen == Off;
+    return !SessionBusy() && SeekBusy == Off && DialogOpen == Off;
 }
 
 // The settings keep whether the training was on, and so does the next start.
@@ -56,11 +57,14 @@ void EnterTraining() {
     if (TrainingActive != Off || !MayChangeView())
         return;
     SaveConfig(PreviousConfig);
+    if (SessionRunning != Off)
+        FeedbackEnabled = Off; // a training during a recording follows it
     TrainingActive = On;
     TrainingPanelOpen = On;
     LoadConfig(PreviousConfig);
     LayoutTrainingPanel();
     ApplyModeState();
+    SetModeTips();
     RefreshSessionButtons(true);
     if (SessionSeconds > 0 && AnalysisSecond > 0)
         TickTraining();

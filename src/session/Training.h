@@ -4,10 +4,11 @@
 namespace pulselark {
 
 /// The file menu's "training": keeps the layout, puts the module panels aside and starts the scenery. Nothing
-/// happens during a recording or while a file routine is at work.
+/// happens while a file routine is at work. A recording goes on, and is what the training follows then.
 void EnterTraining();
 
-/// Back to the main view: the music ends, the scenery closes, the layout from before the training comes back.
+/// Back to the main view: the music ends, the scenery closes, the layout from before the training comes
+/// back. A recording goes on in it, under the record button.
 void LeaveTraining();
 
 /// The file menu's "leave training": the same, to the layout that ships.

@@ -151,9 +151,6 @@ TEST_F(Modes, TheTrainingIsEnteredAndLeft) {
     EXPECT_EQ(State(), "-1 3 0000");
     EXPECT_FALSE(picRestoreGame.Visible);
     EXPECT_EQ(pulselark::Heard(Outside.Partners), "227");
-    SessionRunning = On;
-    EnterTraining();
-    EXPECT_EQ(TrainingActive, Off);
 }
 
 TEST_F(Modes, TheEndOfASessionEndsItsLevel) {

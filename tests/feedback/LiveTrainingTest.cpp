@@ -126,6 +126,49 @@ TEST_F(LiveTraining, ALossHoldsSceneryScoreAndMusic) {
     EXPECT_EQ(Outside.Player.Volume, PlayerVolume);
 }
 
+TEST_F(LiveTraining, ARecordingGoesOnWhenTheViewIsLeftAndEntered) {
+    PlayList[1] = "song.ogg";
+    AutoPlayMusic = On;
+    Outside.Player.Length = 600;
+    Click(2);
+    After(20500);
+    Monitor().Connected = false;
+    After(3000);
+    LeaveTraining();
+    EXPECT_EQ(TrainingActive, Off);
+    EXPECT_EQ(pulselark::Heard(Outside.Partners).substr(0, 3), "227");
+    Monitor().Connected = true;
+    EXPECT_EQ(Values(After(5000)), 0);
+    EXPECT_EQ(Playing, Off); // music belongs to the view
+    EXPECT_NE(SessionRunning, Off);
+    FeedbackEnabled = On; // the source of the training before
+    EnterTraining();
+    EXPECT_EQ(FeedbackEnabled, Off);
+    Outside.Boxes.Shown.clear();
+    Click(3);
+    EXPECT_TRUE(Outside.Boxes.Shown.empty()); // nothing is dropped
+    EXPECT_EQ(Values(After(5000)), 5);
+    EXPECT_EQ(RecordedSeconds, 33);
+    Click(3);
+    Timers.Advance(20);
+    EXPECT_EQ(SessionRunning, Off);
+    EXPECT_EQ(SessionSeconds, 33);
+}
+
+TEST_F(LiveTraining, ALevelContinuesARecordingInItsPause) {
+    LeaveTraining();
+    AllowMultiSessions = On;
+    RecordAndStop(20);
+    ASSERT_NE(SessionPaused, Off);
+    EnterTraining();
+    Outside.Boxes.Shown.clear();
+    Click(2);
+    EXPECT_TRUE(Outside.Boxes.Shown.empty());
+    Timers.Advance(10500);
+    EXPECT_EQ(RecordedSeconds, 20 + PauseGapSeconds + 10);
+    EXPECT_EQ(SessionPaused, Off);
+}
+
 TEST_F(LiveTraining, ARecordingThatEndsByItselfEndsTheLevel) {
     AutoEndSession = On;
     Click(2);

@@ -31,25 +31,25 @@ protected:
 
 TEST_F(PacerSettings, TheBalanceReadsAsARatioWhereItIsOne) {
     struct Row {
-        int Bar;
         const char* Text;
         double Balance;
+        int Bar;
         bool Fibonacci;
     };
-    const Row rows[] = {{10, "1 : 1.0", 1, false},
-                        {15, "2 : 3", 1.5, true},
-                        {16, "Phi", 1.618033988749895, true},
-                        {17, "3 : 5", 1.6666666666666667, true},
-                        {25, "2 : 5", 2.5, true},
-                        {26, "5: 13", 2.6, true},
-                        {27, "3 : 8", 2.6666666666666665, true},
-                        {40, "2 : 8", 4, true},
-                        {42, "5 : 21", 4.2, true},
-                        {43, "3 : 13", 4.333333333333333, true},
-                        {65, "2 : 13", 6.5, true},
-                        {70, "3 : 21", 7, true},
-                        {99, "1 : 9.9", 9.9, false},
-                        {200, "1 : 10.0", 10, false}};
+    const Row rows[] = {{"1 : 1.0", 1, 10, false},
+                        {"2 : 3", 1.5, 15, true},
+                        {"Phi", 1.618033988749895, 16, true},
+                        {"3 : 5", 1.6666666666666667, 17, true},
+                        {"2 : 5", 2.5, 25, true},
+                        {"5: 13", 2.6, 26, true},
+                        {"3 : 8", 2.6666666666666665, 27, true},
+                        {"2 : 8", 4, 40, true},
+                        {"5 : 21", 4.2, 42, true},
+                        {"3 : 13", 4.333333333333333, 43, true},
+                        {"2 : 13", 6.5, 65, true},
+                        {"3 : 21", 7, 70, true},
+                        {"1 : 9.9", 9.9, 99, false},
+                        {"1 : 10.0", 10, 200, false}};
     for (const Row& row : rows) {
         MoveBreathingBalance(row.Bar);
         EXPECT_EQ(labBB.Caption, row.Text) << row.Bar;

@@ -52,6 +52,16 @@ TEST(LineDecoder, ALineThatIsNoNumberIsALostSample) {
     EXPECT_TRUE(Same(samples[1], {2, Lost, Lost, 5, Lost, Lost, 7}));
 }
 
+TEST(LineDecoder, NumbersRunTogetherAreLostAndALargerSignalIsNot) {
+    LineDecoder decoder;
+    Samples samples(1);
+    std::string text = "\n";
+    for (int i = 0; i < 1000; ++i)
+        text += i % 100 == 0 ? "800\n" : "512\n";
+    decoder.Take(BytesOf(text + "513514\n900\n2000\n30000\n30001\n29000\n"), samples);
+    samples[0].erase(samples[0].begin(), samples[0].begin() + 1000);
+    EXPECT_TRUE(Same(samples[0], {Lost, 900, 2000, Lost, 30001, 29000}));
+}
 TEST(LineDecoder, RubbishWithoutEndIsHeldInBoundsAndForgotten) {
     LineDecoder decoder;
     Samples samples(1);

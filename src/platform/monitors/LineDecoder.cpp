@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 namespace pulselark {
 
@@ -14,6 +15,11 @@ namespace {
 
 constexpr std::size_t LongestLine = 256;
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
+// Before so many numbers nobody knows how large a heartbeat is; then it may grow so many times at once. What has
+// been the largest counts half after a thousand numbers.
+constexpr long NumbersToKnow = 500;
+constexpr float Growth = 4;
+constexpr float Fading = 0.9993F;
 
 // The next number of a line, or NaN.
 float NextNumber(std::string_view& rest) {
@@ -36,12 +42,25 @@ void LineDecoder::Restart() {
     torn_ = true;
 }
 
-bool LineDecoder::TakeLine(std::vector<std::vector<float>>& channels) const {
+bool LineDecoder::RunTogether(Size& size, float number) {
+    const float magnitude = std::abs(number);
+    const bool tooLarge = size.Numbers >= NumbersToKnow && magnitude > Growth * size.Largest;
+    if (tooLarge && !std::exchange(size.LastTooLarge, true))
+        return true;
+    size.LastTooLarge = false;
+    size.Largest = std::max(magnitude, size.Largest * Fading);
+    ++size.Numbers;
+    return false;
+}
+
+bool LineDecoder::TakeLine(std::vector<std::vector<float>>& channels) {
     std::string_view rest = line_;
     bool good = true;
-    for (std::vector<float>& channel : channels) {
-        channel.push_back(NextNumber(rest));
-        good = good && !std::isnan(channel.back());
+    sizes_.resize(channels.size());
+    for (std::size_t i = 0; i < channels.size(); ++i) {
+        const float number = NextNumber(rest);
+        channels[i].push_back(number);
+        good = good && !std::isnan(number) && !RunTogether(sizes_[i], number);
     }
     if (!good) {
         for (std::vector<float>& channel : channels)
