@@ -97,9 +97,8 @@ void TakeHead(BodyReader& body, JournalHead& head) {
 }
 
 void TakeSamples(BodyReader& body, std::vector<float>& samples) {
-    auto index = static_cast<Long>(body.Number());
-    while (body.Left() > 0)
-        Store(samples, index++, EcgBufferSize, body.Real());
+    for (auto index = static_cast<Long>(body.Number()); body.Left() > 0; ++index)
+        Store(samples, index, EcgBufferSize, body.Real());
 }
 
 void TakeIntervals(BodyReader& body, JournalContent& content) {
