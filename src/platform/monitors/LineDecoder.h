@@ -11,8 +11,8 @@ namespace pulselark {
 /// a line feed, carriage returns are passed over. A line that is anything else stands for one lost sample;
 /// what comes before the first line end is taken for the rest of a line and dropped.
 ///
-/// Where a line end got lost two numbers stand as one, many times as large as any before: such a number is lost,
-/// too. Two of them in a row are the signal.
+/// Where a line end got lost two numbers stand as one, many times as large as any before: such a number is
+/// lost, too. Two of them in a row are the signal.
 class LineDecoder final : public SampleDecoder {
 public:
     /// Numbers beyond this are torn lines run together.
