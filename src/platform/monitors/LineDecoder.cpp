@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t LongestLine = 256;
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
-// Before so many numbers nobody knows how large a heartbeat is; then it may grow so many times at once. What has
-// been the largest counts half after a thousand numbers.
+// Before so many numbers nobody knows how large a heartbeat is; then it may grow so many times at once. What
+// has been the largest counts half after a thousand numbers.
 constexpr long NumbersToKnow = 500;
 constexpr float Growth = 4;
 constexpr float Fading = 0.9993F;
