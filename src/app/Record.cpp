@@ -9,6 +9,7 @@
 #include "platform/system/FindProgramFolder.h"
 #include "session/Connection.h"
 #include "session/JournalKeeper.h"
+#include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 #include "session/Monitor.h"
@@ -112,11 +113,22 @@ void StartWithAllChannels() {
     }
 }
 
+// That a crash would lose this recording is told once.
+void TellJournalFailure() {
+    if (!timTellJournal.Enabled)
+        return;
+    timTellJournal.Enabled = false;
+    std::fprintf(stderr, "pulselark: %s%d (%s, %s). %s\n", LanguageText(TextJournalFailed).c_str(),
+                 static_cast<int>(JournalFailure), FailureText(JournalFailure), JournalName().c_str(),
+                 LanguageText(TextJournalFailedSafe).c_str());
+}
+
 // Runs until so many seconds are recorded, the user ends it, or the monitor gives nothing.
 void Record(Long seconds, RecordClock& clock, const RecordWorld& world) {
     TimerRunner timers(SessionTimers());
     const std::int64_t start = clock.Milliseconds();
     while (timProcess.Enabled) {
+        TellJournalFailure();
         const std::int64_t wait = timers.RunDue(clock.Milliseconds());
         const bool hopeless = !SamplesHaveCome() && clock.Milliseconds() - start > PatienceForSamples;
         if (RecordedSeconds >= seconds || endWanted != 0 || hopeless)
@@ -134,7 +146,8 @@ int Finish(const RecordOptions& options) {
         return Complain(options.Monitor + ": no second has come from the monitor", ExitFailure);
     }
     if (const Integer failure = WriteSessionFile(options.Out); failure != 0) {
-        Complain("the recording stays in " + JournalName() + "; see pulselark recover", ExitFailure);
+        if (JournalFailure == 0)
+            Complain("the recording stays in " + JournalName() + "; see pulselark recover", ExitFailure);
         return ComplainOfFile(options.Out, failure, 0);
     }
     DiscardJournal();
@@ -144,6 +157,20 @@ int Finish(const RecordOptions& options) {
 
 bool ReadForReplay(const std::string& file, LiveRecord& record) {
     return ReadLiveRecord(file, record).Number == 0;
+}
+
+std::string NamesOfMonitors(SystemMonitors& monitors) {
+    std::string names;
+    for (const std::string& name : monitors.Names())
+        names += (names.empty() ? "\"" : ", \"") + name + "\"";
+    return names;
+}
+
+std::string KeysOfOptions(SystemMonitors& monitors) {
+    std::string keys;
+    for (const MonitorOption& option : monitors.Options(MonitorName))
+        keys += (keys.empty() ? "" : ", ") + option.Key;
+    return keys.empty() ? "no options" : keys;
 }
 
 // What the status line would say while the recording runs.
@@ -175,12 +202,13 @@ int RunRecord(Arguments arguments, const RecordWorld& world) {
     AutoEndSession = Off;
     MonitorName = options->Monitor;
     if (monitors.Find(MonitorName) == nullptr)
-        return Complain(MonitorName + ": there is no such monitor", ExitUsage);
+        return Complain(MonitorName + ": there is no such monitor; there are " + NamesOfMonitors(monitors),
+                        ExitUsage);
     for (const auto& [key, value] : options->Settings) {
         if (!monitors.SetOption(MonitorName, key, value))
-            return Complain(
-                std::string(key).append("=").append(value).append(": not an option of ").append(MonitorName),
-                ExitUsage);
+            return Complain(std::string(key).append("=").append(value) + ": not an option of " + MonitorName +
+                                ", or not a value for it; it has " + KeysOfOptions(monitors),
+                            ExitUsage);
     }
     std::signal(SIGINT, [](int) { endWanted = 1; });
     std::signal(SIGTERM, [](int) { endWanted = 1; });

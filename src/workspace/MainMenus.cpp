@@ -130,7 +130,7 @@ void MainMenus::Mirror() {
     for (QAction* page : {print_, savePage_})
         page->setEnabled(!SessionBusy() && QuickScanResultShown != Off);
     monitor_->setEnabled(SessionRunning == Off);
-    training_->setEnabled(!SessionBusy() && SessionRunning == Off);
+    training_->setEnabled(!SessionBusy());
     training_->setText(Text(TrainingActive != Off ? TextMenuLeaveTraining : TextMenuTraining));
 }
 

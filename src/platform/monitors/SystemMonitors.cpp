@@ -43,6 +43,13 @@ void SystemMonitors::ReadOnce() {
     }
 }
 
+std::vector<std::string> SystemMonitors::Names() const {
+    std::vector<std::string> names;
+    for (const Entry& entry : entries_)
+        names.push_back(entry.Name);
+    return names;
+}
+
 EcgMonitor* SystemMonitors::Find(const std::string& name) {
     const Entry* entry = Named(name);
     return entry != nullptr ? entry->Monitor.get() : nullptr;

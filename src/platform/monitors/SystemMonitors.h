@@ -29,6 +29,7 @@ public:
     void Add(const std::string& name, std::shared_ptr<EcgMonitor> monitor, MonitorOptions* options = nullptr,
              DeviceList devices = nullptr);
 
+    std::vector<std::string> Names() const; ///< in the order in which they were added
     EcgMonitor* Find(const std::string& name) override;
     const std::vector<MonitorOption>& Options(const std::string& name) override;
     bool SetOption(const std::string& name, const std::string& key, const std::string& value) override;
