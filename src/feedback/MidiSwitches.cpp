@@ -141,6 +141,7 @@ void ChooseMidiInstrument(int row) {
 }
 
 void ResetMidiSwitches() {
+    MidiInstrumentNames.clear();
     MidiInstrument = 0;
     instrumentFailureTold = false;
     timSoundsOff.Handler = [] {
