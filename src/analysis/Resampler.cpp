@@ -40,7 +40,7 @@ double LowPass(double distance, double bandwidth, double reach) {
 } // namespace
 
 Resampler::Resampler(double rate) : rate_(rate) {
-    if (!(rate >= 10 && rate <= 10000))
+    if (!CanTake(rate))
         throw Failure{FailureOverflow};
     if (rate_ == OutputRate)
         return;

@@ -18,6 +18,9 @@ class Resampler {
 public:
     static constexpr double OutputRate = 128;
 
+    /// Whether `rate` is one that it takes.
+    static bool CanTake(double rate) { return rate >= 10 && rate <= 10000; }
+
     /// `rate` in samples a second, 10 to 10000; outside of it failure 6. At 128 samples pass through
     /// unchanged.
     explicit Resampler(double rate);

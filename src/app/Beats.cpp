@@ -40,36 +40,31 @@ std::optional<BeatsOptions> ParseOptions(Arguments arguments) {
     return options;
 }
 
-FileOutcome ReadSession(const BeatsOptions& options, std::vector<float>& samples) {
+RecordOutcome ReadSession(const BeatsOptions& options, std::vector<float>& samples) {
     SetStartValues();
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(options.File, bytes); failure != 0)
-        return {failure, 0};
+        return {{failure, 0}, {}};
     if (const FileOutcome outcome = ReadSessionText(bytes); outcome.Number != 0)
-        return outcome;
+        return {outcome, {}};
     if (options.ChannelB && ChannelMode == 2)
-        return {FailureIndexOutOfRange, 0};
+        return {{FailureIndexOutOfRange, 0}, "it was recorded without a channel B"};
     const EcgBuffer& ecg = options.ChannelB ? EcgB : EcgA;
     const auto count = static_cast<std::ptrdiff_t>(SessionSeconds) * SamplesPerSecond;
     samples.assign(ecg.begin(), ecg.begin() + count);
     return {};
 }
 
-FileOutcome ReadRecord(const BeatsOptions& options, std::vector<float>& samples) {
+RecordOutcome ReadRecord(const std::string& headerFile, bool channelB, std::vector<float>& samples) {
     WfdbHeader header;
     std::vector<float> recorded;
-    const std::string headerFile = options.File.substr(0, options.File.rfind('.')) + ".hea";
-    const FileOutcome outcome = ReadWfdbRecord(headerFile, options.ChannelB ? 1 : 0, header, recorded);
+    const RecordOutcome outcome = ReadWfdbRecord(headerFile, channelB ? 1 : 0, header, recorded);
     if (outcome.Number != 0)
         return outcome;
-    try {
-        Resampler resampler(header.Rate);
-        for (const float sample : recorded)
-            resampler.Push(sample, samples);
-        resampler.Flush(samples);
-    } catch (const Failure& failure) {
-        return {failure.Number, 0};
-    }
+    Resampler resampler(header.Rate);
+    for (const float sample : recorded)
+        resampler.Push(sample, samples);
+    resampler.Flush(samples);
     return {};
 }
 
@@ -87,10 +82,11 @@ int RunBeats(Arguments arguments) {
         return Complain("usage: pulselark beats FILE [--channel A|B]", ExitUsage);
     const ConsolePlatform platform;
     std::vector<float> samples;
-    const bool record = options->File.ends_with(".hea") || options->File.ends_with(".dat");
-    const FileOutcome outcome = record ? ReadRecord(*options, samples) : ReadSession(*options, samples);
+    const std::string header = WfdbHeaderFile(options->File);
+    const RecordOutcome outcome =
+        header.empty() ? ReadSession(*options, samples) : ReadRecord(header, options->ChannelB, samples);
     if (outcome.Number != 0)
-        return ComplainOfFile(options->File, outcome.Number, outcome.Line);
+        return ComplainOfFile(options->File, outcome.Number, outcome.Line, outcome.Why);
     BeatDetector detector;
     IntervalSeries series;
     for (const float sample : samples) {

@@ -77,11 +77,11 @@ int Complain(const std::string& text, int exitCode) {
     return exitCode;
 }
 
-int ComplainOfFile(const std::string& name, int number, int line) {
+int ComplainOfFile(const std::string& name, int number, int line, const std::string& why) {
     std::string text = name;
     if (line > 0)
         text += ": line " + std::to_string(line);
-    text += std::string(": ") + FailureText(static_cast<Integer>(number)) + " (failure " +
+    text += ": " + (why.empty() ? FailureText(static_cast<Integer>(number)) : why) + " (failure " +
             std::to_string(number) + ")";
     return Complain(text, ExitFailure);
 }

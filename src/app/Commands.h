@@ -73,7 +73,8 @@ std::string HelpText();
 /// One line on standard error: "pulselark: " and the text. Returns `exitCode`.
 int Complain(const std::string& text, int exitCode);
 
-/// Complains of a failed file: its name, the line if there is one, and what the failure's number means.
-int ComplainOfFile(const std::string& name, int number, int line);
+/// Complains of a failed file: its name, the line if there is one, and `why`, or without one what the
+/// failure's number means.
+int ComplainOfFile(const std::string& name, int number, int line, const std::string& why = {});
 
 } // namespace pulselark

@@ -1,4 +1,4 @@
-#include "app/Commands.h"
+#include "app/RecordOptions.h"
 #include "app/TimerRunner.h"
 #include "persistence/LiveRecordFile.h"
 #include "persistence/SaveSession.h"
@@ -19,66 +19,21 @@
 #include "session/StartUp.h"
 
 #include <algorithm>
-#include <charconv>
 #include <csignal>
 #include <cstdio>
-#include <optional>
-#include <utility>
-#include <vector>
+#include <filesystem>
+#include <string>
 
 namespace pulselark {
 
 namespace {
 
-constexpr Long LongestRecording = 3600;
 // A monitor that has not given a sample by then gives none.
 constexpr std::int64_t PatienceForSamples = 60000;
 
 volatile std::sig_atomic_t endWanted = 0;
-
-struct RecordOptions {
-    std::string Monitor;
-    std::vector<std::pair<std::string, std::string>> Settings;
-    Long Seconds = 0;
-    std::string Out;
-    bool Fast = false;
-};
-
-bool TakeOption(const std::string& name, const std::string& value, RecordOptions& options) {
-    if (name == "--monitor")
-        options.Monitor = value;
-    else if (name == "--out")
-        options.Out = value;
-    else if (name == "--option") {
-        const std::size_t equals = value.find('=');
-        if (equals == 0 || equals == std::string::npos)
-            return false;
-        options.Settings.emplace_back(value.substr(0, equals), value.substr(equals + 1));
-    } else if (name == "--seconds") {
-        const auto [rest, error] =
-            std::from_chars(value.data(), value.data() + value.size(), options.Seconds);
-        return error == std::errc() && rest == value.data() + value.size() && options.Seconds >= 1 &&
-               options.Seconds <= LongestRecording;
-    } else {
-        return false;
-    }
-    return true;
-}
-
-std::optional<RecordOptions> ParseOptions(Arguments arguments) {
-    RecordOptions options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] == "--fast")
-            options.Fast = true;
-        else if (i + 1 >= arguments.size() || !TakeOption(arguments[i], arguments[i + 1], options))
-            return std::nullopt;
-        else
-            ++i;
-    }
-    if (options.Monitor.empty() || options.Out.empty() || options.Seconds == 0)
-        return std::nullopt;
-    return options;
-}
+std::string whyUnread; // the file that is to be replayed
+std::string lastWord;  // of a monitor that gave nothing
 
 // The system's clock, or one that goes as fast as the recording is worked.
 class RecordClock final : public Clock {
@@ -131,6 +86,8 @@ void Record(Long seconds, RecordClock& clock, const RecordWorld& world) {
         TellJournalFailure();
         const std::int64_t wait = timers.RunDue(clock.Milliseconds());
         const bool hopeless = !SamplesHaveCome() && clock.Milliseconds() - start > PatienceForSamples;
+        if (hopeless)
+            lastWord = MonitorText();
         if (RecordedSeconds >= seconds || endWanted != 0 || hopeless)
             StopRequested = On;
         if (timProcess.Enabled)
@@ -140,37 +97,60 @@ void Record(Long seconds, RecordClock& clock, const RecordWorld& world) {
     SessionSeconds = RecordedSeconds = std::min(RecordedSeconds, seconds);
 }
 
+std::string Behind(const std::string& text) {
+    return text.empty() ? text : ": " + text;
+}
+
+// The output cannot be written: the recording is left where it can be had from.
+int KeepOutOfHarm(const RecordOptions& options, Integer failure) {
+    ComplainOfFile(options.Out, failure, 0);
+    CloseJournal();
+    if (JournalFailure == 0)
+        return Complain("the recording is kept in " + JournalName() +
+                            "; pulselark recover --out FILE.hti gives it back",
+                        ExitFailure);
+    std::error_code error;
+    const std::string elsewhere = std::filesystem::temp_directory_path(error).string() + "/";
+    for (const std::string& folder : {SessionsFolder, elsewhere}) {
+        const std::string name = folder + "recording-" + ThePlatform().Clock.Stamp() + ".hti";
+        if (WriteSessionFile(name) != 0)
+            continue;
+        DiscardJournal();
+        return Complain("the recording was saved as " + name, ExitFailure);
+    }
+    return Complain("only the beginning of the recording is left; see pulselark recover --list", ExitFailure);
+}
+
 int Finish(const RecordOptions& options) {
     if (SessionSeconds < 1) {
         DiscardJournal();
-        return Complain(options.Monitor + ": no second has come from the monitor", ExitFailure);
+        return Complain(options.Monitor + ": no second has come from the monitor" + Behind(lastWord),
+                        ExitFailure);
     }
-    if (const Integer failure = WriteSessionFile(options.Out); failure != 0) {
-        if (JournalFailure == 0)
-            Complain("the recording stays in " + JournalName() + "; see pulselark recover", ExitFailure);
-        return ComplainOfFile(options.Out, failure, 0);
-    }
+    if (const Integer failure = WriteSessionFile(options.Out); failure != 0)
+        return KeepOutOfHarm(options, failure);
     DiscardJournal();
     std::printf("%s: %d seconds\n", options.Out.c_str(), static_cast<int>(SessionSeconds));
     return ExitSuccess;
 }
 
 bool ReadForReplay(const std::string& file, LiveRecord& record) {
-    return ReadLiveRecord(file, record).Number == 0;
+    const RecordOutcome outcome = ReadLiveRecord(file, record);
+    whyUnread = outcome.Line > 0 ? "line " + std::to_string(outcome.Line) + ": " : "";
+    whyUnread += outcome.Why.empty() ? FailureText(outcome.Number) : outcome.Why;
+    if (outcome.Number == 0)
+        whyUnread.clear();
+    return outcome.Number == 0;
 }
 
-std::string NamesOfMonitors(SystemMonitors& monitors) {
-    std::string names;
-    for (const std::string& name : monitors.Names())
-        names += (names.empty() ? "\"" : ", \"") + name + "\"";
-    return names;
-}
-
-std::string KeysOfOptions(SystemMonitors& monitors) {
-    std::string keys;
-    for (const MonitorOption& option : monitors.Options(MonitorName))
-        keys += (keys.empty() ? "" : ", ") + option.Key;
-    return keys.empty() ? "no options" : keys;
+// A terminal that goes ends the recording as its keys do; a reader of the messages that goes ends nothing.
+void HearSignals() {
+    const auto wantEnd = [](int) { endWanted = 1; };
+    std::signal(SIGINT, wantEnd);
+    std::signal(SIGTERM, wantEnd);
+    if (std::signal(SIGHUP, wantEnd) == SIG_IGN)
+        std::signal(SIGHUP, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 // What the status line would say while the recording runs.
@@ -182,12 +162,10 @@ void TellStatus() {
 } // namespace
 
 int RunRecord(Arguments arguments, const RecordWorld& world) {
-    const auto options = ParseOptions(arguments);
-    if (!options) {
-        return Complain("usage: pulselark record --monitor NAME [--option K=V ...] --seconds 1..3600 --out "
-                        "FILE.hti [--fast]",
-                        ExitUsage);
-    }
+    std::string problem;
+    const auto options = ParseRecordOptions(arguments, problem);
+    if (!options)
+        return Complain(problem, ExitUsage);
     RecordClock clock(options->Fast);
     SystemFiles files;
     SystemMonitors monitors(files, [] { return std::string(); });
@@ -201,20 +179,15 @@ int RunRecord(Arguments arguments, const RecordWorld& world) {
     InitApplication(false);
     AutoEndSession = Off;
     MonitorName = options->Monitor;
-    if (monitors.Find(MonitorName) == nullptr)
-        return Complain(MonitorName + ": there is no such monitor; there are " + NamesOfMonitors(monitors),
-                        ExitUsage);
-    for (const auto& [key, value] : options->Settings) {
-        if (!monitors.SetOption(MonitorName, key, value))
-            return Complain(std::string(key).append("=").append(value) + ": not an option of " + MonitorName +
-                                ", or not a value for it; it has " + KeysOfOptions(monitors),
-                            ExitUsage);
-    }
-    std::signal(SIGINT, [](int) { endWanted = 1; });
-    std::signal(SIGTERM, [](int) { endWanted = 1; });
+    problem = ApplyRecordOptions(*options, monitors);
+    if (!problem.empty())
+        return Complain(problem, ExitUsage);
+    if (const Integer failure = files.TryReplace(options->Out); failure != 0)
+        return ComplainOfFile(options->Out, failure, 0);
+    HearSignals();
     StartWithAllChannels();
     if (SessionRunning == Off)
-        return Complain(labStatus.Caption, ExitFailure);
+        return Complain(labStatus.Caption + Behind(whyUnread), ExitFailure);
     AfterStatus = &TellStatus;
     Record(options->Seconds, clock, world);
     AfterStatus = nullptr;

@@ -32,7 +32,8 @@ int Recover(const LeftRecording& left, const std::string& out) {
     if (const Integer failure = RestoreRecording(left.Name); failure != 0)
         return ComplainOfFile(left.Name, failure, 0);
     if (const Integer failure = WriteSessionFile(out); failure != 0)
-        return ComplainOfFile(out, failure, 0);
+        return ComplainOfFile(out, failure, 0,
+                              std::string(FailureText(failure)) + "; the recording stays in " + left.Name);
     DiscardJournal();
     std::printf("%s: %d seconds\n", out.c_str(), static_cast<int>(SessionSeconds));
     return ExitSuccess;
@@ -48,8 +49,11 @@ int RunRecover(Arguments arguments) {
     const ConsolePlatform platform;
     SetProgramFolder(FindProgramFolder());
     InitApplication(false);
-    const auto left = LeftRecordings();
+    std::vector<std::string> unreadable;
+    const auto left = LeftRecordings(&unreadable);
     if (list) {
+        for (const std::string& name : unreadable)
+            Complain(name + ": this journal cannot be read", ExitFailure);
         List(left);
         return ExitSuccess;
     }
@@ -59,7 +63,10 @@ int RunRecover(Arguments arguments) {
                                   return WithoutFolder(each.Name) == WithoutFolder(arguments[2]);
                               });
     if (chosen == left.end())
-        return Complain("there is no recording that was left", ExitFailure);
+        return Complain((arguments.size() == 3 ? arguments[2] + ": " : "") +
+                            "there is no recording that was left" +
+                            (unreadable.empty() ? "" : ", only journals that cannot be read"),
+                        ExitFailure);
     return Recover(*chosen, arguments[1]);
 }
 

@@ -1,7 +1,6 @@
 #include "persistence/LiveRecordFile.h"
 
 #include "persistence/SessionFile.h"
-#include "persistence/WfdbRecord.h"
 #include "platform/Platform.h"
 #include "session/MainBuffers.h"
 
@@ -40,13 +39,13 @@ void ReadChannels(TextRecordReader& reader, LiveRecord& record) {
         record.Channels.push_back(std::move(second));
 }
 
-FileOutcome ReadWfdbChannels(const std::string& name, LiveRecord& record) {
+RecordOutcome ReadWfdbChannels(const std::string& name, LiveRecord& record) {
     constexpr std::size_t MostChannels = 2;
     WfdbHeader header;
     record.Channels.clear();
     for (std::size_t i = 0; i == 0 || i < std::min(header.Signals.size(), MostChannels); ++i) {
         record.Channels.emplace_back();
-        const FileOutcome outcome = ReadWfdbRecord(name, i, header, record.Channels.back());
+        const RecordOutcome outcome = ReadWfdbRecord(name, i, header, record.Channels.back());
         if (outcome.Number != 0)
             return outcome;
     }
@@ -56,19 +55,19 @@ FileOutcome ReadWfdbChannels(const std::string& name, LiveRecord& record) {
 
 } // namespace
 
-FileOutcome ReadLiveRecord(const std::string& name, LiveRecord& record) {
-    if (name.ends_with(".hea"))
-        return ReadWfdbChannels(name, record);
+RecordOutcome ReadLiveRecord(const std::string& name, LiveRecord& record) {
+    if (const std::string header = WfdbHeaderFile(name); !header.empty())
+        return ReadWfdbChannels(header, record);
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0)
-        return {failure, 0};
+        return {{failure, 0}, {}};
     TextRecordReader reader(bytes);
     try {
         ReadChannels(reader, record);
     } catch (const Failure& failure) {
-        return {failure.Number, reader.Line()};
+        return {{failure.Number, reader.Line()}, {}};
     } catch (const std::bad_alloc&) {
-        return {FailureOutOfMemory, reader.Line()};
+        return {{FailureOutOfMemory, reader.Line()}, {}};
     }
     return {};
 }

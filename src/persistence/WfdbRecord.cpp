@@ -1,5 +1,6 @@
 #include "persistence/WfdbRecord.h"
 
+#include "analysis/Resampler.h"
 #include "platform/Platform.h"
 
 #include <charconv>
@@ -15,8 +16,13 @@ constexpr double PanelUnitsPerMv = 500;
 constexpr Long MostSignals = 256;
 constexpr float Invalid = std::numeric_limits<float>::quiet_NaN();
 
-[[noreturn]] void Fail(FailureNumber number) {
-    throw Failure{number};
+// A failure of which more can be said than its number.
+struct Unread : Failure {
+    const char* Why;
+};
+
+[[noreturn]] void Fail(FailureNumber number, const char* why = "") {
+    throw Unread{{number}, why};
 }
 
 // The next word of `line`, which loses it; empty at its end.
@@ -78,18 +84,18 @@ private:
 // "name signals [rate[/counter(base)] [samples ...]]"; the number of signals.
 Long ReadRecordLine(std::string_view line, WfdbHeader& header) {
     if (TakeWord(line).find('/') != std::string_view::npos)
-        Fail(FailureTypeMismatch); // several segments
+        Fail(FailureTypeMismatch, "it is a record of several segments, which are not read");
     std::string_view word = TakeWord(line);
     const auto signals = TakeNumber<Long>(word);
     if (!word.empty() || signals < 1)
-        Fail(FailureTypeMismatch);
+        Fail(FailureTypeMismatch, "it has no number of signals");
     if (signals > MostSignals)
         Fail(FailureOverflow);
     word = TakeWord(line);
     if (!word.empty())
         header.Rate = TakeNumber<double>(word);
     if (!std::isfinite(header.Rate) || header.Rate <= 0)
-        Fail(FailureOverflow);
+        Fail(FailureOverflow, "its rate is no number above 0");
     word = TakeWord(line);
     if (!word.empty())
         header.Samples = TakeNumber<Long>(word);
@@ -102,16 +108,16 @@ Long ReadRecordLine(std::string_view line, WfdbHeader& header) {
 void ReadFormat(std::string_view word, WfdbSignal& signal) {
     signal.Format = TakeNumber<int>(word);
     if (signal.Format != 16 && signal.Format != 212)
-        Fail(FailureTypeMismatch);
+        Fail(FailureTypeMismatch, "only signals in format 16 or 212 are read");
     if (TakeMark(word, 'x') && TakeNumber<int>(word) != 1)
-        Fail(FailureTypeMismatch);
+        Fail(FailureTypeMismatch, "several samples a frame are not read");
     if (TakeMark(word, ':'))
-        TakeNumber<Long>(word);
+        signal.Skew = TakeNumber<Long>(word);
     if (TakeMark(word, '+'))
         signal.ByteOffset = TakeNumber<Long>(word);
     if (!word.empty())
         Fail(FailureTypeMismatch);
-    if (signal.ByteOffset < 0)
+    if (signal.ByteOffset < 0 || signal.Skew < 0)
         Fail(FailureOverflow);
 }
 
@@ -142,7 +148,7 @@ WfdbSignal ReadSignalLine(std::string_view line) {
     WfdbSignal signal;
     signal.File = TakeWord(line);
     if (signal.File.find('/') != std::string::npos || signal.File == "." || signal.File == "..")
-        Fail(FailureBadFileName);
+        Fail(FailureBadFileName, "its signal file is to lie beside it");
     ReadFormat(TakeWord(line), signal);
     std::string_view word = TakeWord(line);
     if (word.empty())
@@ -183,15 +189,20 @@ std::string FolderOf(const std::string& name) {
 
 } // namespace
 
-FileOutcome ReadWfdbHeader(std::string_view text, WfdbHeader& header) {
+std::string WfdbHeaderFile(const std::string& name) {
+    const bool isRecord = name.ends_with(".hea") || name.ends_with(".dat");
+    return isRecord ? name.substr(0, name.rfind('.')) + ".hea" : std::string();
+}
+
+RecordOutcome ReadWfdbHeader(std::string_view text, WfdbHeader& header) {
     HeaderLines lines(text);
     try {
         header = {};
         const Long signals = ReadRecordLine(lines.Next(), header);
         for (Long i = 0; i < signals; ++i)
             header.Signals.push_back(ReadSignalLine(lines.Next()));
-    } catch (const Failure& failure) {
-        return {failure.Number, lines.Line()};
+    } catch (const Unread& failure) {
+        return {{failure.Number, lines.Line()}, failure.Why};
     }
     return {};
 }
@@ -212,31 +223,41 @@ Integer ReadWfdbSamples(const WfdbHeader& header, std::size_t index, std::string
         signal.Format == 16 ? bytes.size() / 2 : bytes.size() / 3 * 2 + (bytes.size() % 3 == 2 ? 1 : 0);
     const std::size_t wanted =
         header.Samples > 0 ? static_cast<std::size_t>(header.Samples) : held / together;
-    if (wanted > held / together)
+    if (wanted > held / together || wanted == 0)
         return FailureInputPastEnd;
+    const auto skew = static_cast<std::size_t>(signal.Skew);
     const double scale = PanelUnitsPerMv / (signal.Gain * signal.UnitsPerMv);
     samples.reserve(samples.size() + wanted);
     for (std::size_t i = 0; i < wanted; ++i) {
-        const std::size_t number = i * together + before;
+        if (i + skew >= held / together) {
+            samples.push_back(Invalid);
+            continue;
+        }
+        const std::size_t number = (i + skew) * together + before;
         const float step = signal.Format == 16 ? Sample16(bytes, number) : Sample212(bytes, number);
         samples.push_back(static_cast<float>((step - static_cast<double>(signal.Baseline)) * scale));
     }
     return 0;
 }
 
-FileOutcome ReadWfdbRecord(const std::string& name, std::size_t index, WfdbHeader& header,
-                           std::vector<float>& samples) {
+RecordOutcome ReadWfdbRecord(const std::string& name, std::size_t index, WfdbHeader& header,
+                             std::vector<float>& samples) {
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0)
-        return {failure, 0};
-    if (const FileOutcome outcome = ReadWfdbHeader(bytes, header); outcome.Number != 0)
+        return {{failure, 0}, {}};
+    if (const RecordOutcome outcome = ReadWfdbHeader(bytes, header); outcome.Number != 0)
         return outcome;
+    if (!Resampler::CanTake(header.Rate))
+        return {{FailureOverflow, 0}, "only rates from 10 to 10000 samples a second are read"};
     if (index >= header.Signals.size())
-        return {FailureIndexOutOfRange, 0};
+        return {{FailureIndexOutOfRange, 0}, "it has no signal for that channel"};
     const std::string signalFile = FolderOf(name) + header.Signals[index].File;
-    if (const Integer failure = ThePlatform().Files.ReadWhole(signalFile, bytes); failure != 0)
-        return {failure, 0};
-    return {ReadWfdbSamples(header, index, bytes, samples), 0};
+    Integer failure = ThePlatform().Files.ReadWhole(signalFile, bytes);
+    if (failure == 0)
+        failure = ReadWfdbSamples(header, index, bytes, samples);
+    if (failure != 0)
+        return {{failure, 0}, "its signal file " + signalFile + ": " + FailureText(failure)};
+    return {};
 }
 
 } // namespace pulselark

@@ -32,6 +32,8 @@ public:
     /// The heart rate by the monitor's own reckoning, beats a minute, as a check of the beats that are found;
     /// 0 if it has none.
     virtual double OwnHeartRate() { return 0; }
+    /// Whether its samples come by the program's clock, however fast that goes.
+    virtual bool ByProgramClock() const { return false; }
     virtual void CloseC2(Integer handle) = 0;
 };
 

@@ -20,6 +20,9 @@ public:
     virtual void Append(std::string bytes, bool flush) = 0;
     /// 0, or the number of the first failure (57, 61, 70); after one nothing more is written.
     virtual Integer FailureSoFar() = 0;
+    /// Waits for what is still to be written and flushed; nothing can be appended any more. `FailureSoFar` is
+    /// then the last word.
+    virtual void Close() = 0;
     /// How long the last flush took, in milliseconds; 0 before the first.
     virtual double LastFlushMilliseconds() = 0;
 };
@@ -38,6 +41,10 @@ public:
     /// flushed to the disk and take the old file's name. Whatever happens, the old file or the new one is
     /// there. Returns 0, or the number of the failure (52, 57, 61, 70, 75, 76).
     virtual Integer ReplaceWhole(const std::string& name, const std::string& bytes) = 0;
+
+    /// Tries whether `ReplaceWhole` could write the file, and leaves everything as it is. Returns 0, or the
+    /// number of the failure. How much room there is on the disk is not known before.
+    virtual Integer TryReplace(const std::string& name) = 0;
 
     /// Lists the files of a folder whose names end in `extension` (".htc", in letters of either case; an
     /// empty one takes every file): names without the folder, sorted by their bytes. Returns 0, or the number

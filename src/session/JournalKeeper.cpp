@@ -42,6 +42,7 @@ void Open(const std::string& name) {
     Integer failure = 0;
     journalName = name;
     JournalFailure = 0;
+    timTellJournal.Enabled = false;
     journal = ThePlatform().Files.OpenToGrow(name, failure);
     if (journal == nullptr)
         Fail(failure);
@@ -58,7 +59,7 @@ std::string FreeName() {
         return std::find(taken.begin(), taken.end(), whole.substr(whole.rfind('/') + 1)) != taken.end();
     };
     for (int i = 2; isTaken(name); ++i)
-        name = start + "-" + std::to_string(i) + JournalExtension;
+        name = start + "_" + std::to_string(i) + JournalExtension; // sorts behind the first
     return name;
 }
 
@@ -75,7 +76,10 @@ void TakeSamples(std::string& bytes, char channel, const EcgBuffer& ecg, Long& w
 void BeginJournal() {
     DiscardJournal();
     writtenA = writtenB = writtenSeconds = 0;
+    constexpr int Tries = 10; // another program may take the name at this very moment
     Open(FreeName());
+    for (int i = 1; i < Tries && JournalFailure == FailureFileAlreadyOpen; ++i)
+        Open(FreeName());
     if (journal == nullptr)
         return;
     Clock& clock = ThePlatform().Clock;
@@ -130,6 +134,14 @@ void RestJournal() {
     if (RecordedSeconds > 0)
         JournalIntervals(RecordedSeconds);
     Watch();
+}
+
+void CloseJournal() {
+    if (journal == nullptr)
+        return;
+    journal->Close();
+    Watch();
+    journal.reset();
 }
 
 void DiscardJournal() {

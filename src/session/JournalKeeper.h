@@ -27,6 +27,10 @@ void JournalIntervals(Long second);
 /// The recording pauses or ends: everything is written and flushed. The file stays.
 void RestJournal();
 
+/// Waits until all that was written is on the disk, or has failed (`JournalFailure`). The file stays, and
+/// nothing more goes into it.
+void CloseJournal();
+
 /// The session has been saved, or nobody wants it: the journal goes.
 void DiscardJournal();
 

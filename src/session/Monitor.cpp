@@ -1,11 +1,14 @@
 #include "session/Monitor.h"
 
+#include "analysis/Resampler.h"
 #include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace pulselark {
 
@@ -13,8 +16,8 @@ Integer DeviceHandle = 0;
 
 namespace {
 
-constexpr double LowestRate = 10;
-constexpr double HighestRate = 10000;
+// Beyond it, 2000 V, no driver means what it says.
+constexpr float LargestSample = 1e9F;
 
 EcgMonitor* Chosen() {
     return ThePlatform().EcgMonitors.Find(MonitorName);
@@ -67,12 +70,18 @@ Integer MonitorChannels() {
 double MonitorRate(Integer channel) {
     EcgMonitor* monitor = OpenOne();
     const double rate = monitor != nullptr ? monitor->Sig_Rate(channel) : 0;
-    return rate >= LowestRate && rate <= HighestRate ? rate : double{SamplesPerSecond};
+    return Resampler::CanTake(rate) ? rate : double{SamplesPerSecond};
 }
 
 bool ReadMonitor(Integer channel, std::vector<float>& samples) {
     EcgMonitor* monitor = OpenOne();
-    return monitor != nullptr && monitor->Read_Buff(channel, samples);
+    const auto before = static_cast<std::ptrdiff_t>(samples.size());
+    const bool connected = monitor != nullptr && monitor->Read_Buff(channel, samples);
+    std::replace_if(
+        samples.begin() + before, samples.end(),
+        [](float sample) { return !(std::abs(sample) <= LargestSample); },
+        std::numeric_limits<float>::quiet_NaN());
+    return connected;
 }
 
 std::string MonitorText() {

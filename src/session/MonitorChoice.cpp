@@ -113,6 +113,8 @@ std::string TextOfMonitorWord(MonitorWord word) {
 void TellPortRefused(Long code) {
     std::string text = LanguageText(TextMonitorPortCode);
     AppendLong(text, code);
+    if (SessionRunning != Off)
+        return ShowStatus(text); // the monitor is sought again, and a question would hold the recording
     ThePlatform().Messages.Show(text, ButtonOK, WarningManner);
 }
 

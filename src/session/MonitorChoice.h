@@ -47,7 +47,8 @@ void ChooseReplayFile();
 /// What a monitor says of itself in the language of the user.
 std::string TextOfMonitorWord(MonitorWord word);
 
-/// Tells the user that the monitor's serial port could not be set; `code` is what its driver says.
+/// Tells the user that the monitor's serial port could not be set; `code` is what its driver says. While a
+/// recording runs it stands on the status line.
 void TellPortRefused(Long code);
 
 void InstallChooserTimer();

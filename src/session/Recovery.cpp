@@ -80,7 +80,7 @@ std::string Described(const LeftRecording& left) {
 
 } // namespace
 
-std::vector<LeftRecording> LeftRecordings() {
+std::vector<LeftRecording> LeftRecordings(std::vector<std::string>* unreadable) {
     Files& files = ThePlatform().Files;
     std::vector<std::string> names;
     files.ListFolder(SessionsFolder.substr(0, SessionsFolder.find_last_not_of('/') + 1), JournalExtension,
@@ -99,6 +99,8 @@ std::vector<LeftRecording> LeftRecordings() {
         else if (failure == 0)
             found.push_back({whole, content.Head.Date, content.Head.Time, content.Head.Monitor, seconds,
                              !content.EcgB.empty()});
+        else if (unreadable != nullptr)
+            unreadable->push_back(whole);
     }
     return found;
 }

@@ -18,8 +18,9 @@ struct LeftRecording {
     bool ChannelB = false;
 };
 
-/// The recordings that were left, the newest first. Journals without a whole second are deleted on the way.
-std::vector<LeftRecording> LeftRecordings();
+/// The recordings that were left, the newest first. Journals without a whole second are deleted on the way;
+/// those that cannot be read stay, and their names are added to `unreadable`.
+std::vector<LeftRecording> LeftRecordings(std::vector<std::string>* unreadable = nullptr);
 
 /// Puts a recording back into the buffers, as paused and unsaved, and goes on with its journal. Returns 0, or
 /// the number of the failure; then the session in memory is as it was.

@@ -46,6 +46,7 @@ public:
         Content[name] = bytes;
         return 0;
     }
+    Integer TryReplace(const std::string&) override { return WriteFailure; }
     Integer ListFolder(const std::string& folder, const std::string& extension,
                        std::vector<std::string>& names) override {
         names.clear();
@@ -91,6 +92,7 @@ private:
             disk_.Flushes += flush ? 1 : 0;
         }
         Integer FailureSoFar() override { return failure_; }
+        void Close() override {}
         double LastFlushMilliseconds() override { return 1; }
 
     private:

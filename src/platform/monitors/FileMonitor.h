@@ -23,6 +23,7 @@ public:
     Integer Tot_Channels() override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
+    bool ByProgramClock() const override { return true; }
     void CloseC2(Integer handle) override;
 
 private:

@@ -29,7 +29,7 @@ constexpr std::array<Bump, 6> NormalBeat{{{-0.170, 0.12, 0.022, true},
                                           {0.250, 0.16, 0.045, true},
                                           {0.285, 0.17, 0.030, true}}};
 constexpr std::array<Bump, 3> EarlyBeat{
-    {{0.000, 1.05, 0.032, false}, {0.080, -0.45, 0.040, false}, {0.290, -0.32, 0.060, true}}};
+    {{0.000, 1.60, 0.022, false}, {0.070, -0.60, 0.030, false}, {0.290, -0.40, 0.060, true}}};
 
 template <class Bumps>
 double SumOf(const Bumps& bumps, double time, double stretch) {

@@ -55,13 +55,16 @@ std::string FindShippedFolder() {
 }
 
 std::string FindProgramFolder() {
+    const fs::path program = FolderOfProgram();
+    std::error_code error;
     if (std::string home = Environment("PULSELARK_HOME"); !home.empty()) {
         while (home.size() > 1 && home.back() == '/')
             home.pop_back();
+        if (!fs::is_directory(fs::path(home) / "config", error))
+            FillFrom(ShippedBeside(program), home);
+        fs::create_directories(fs::path(home) / "Sessions", error); // without it no recording is safe
         return home;
     }
-    const fs::path program = FolderOfProgram();
-    std::error_code error;
     if (fs::is_directory(program / "config", error) && ::access(program.c_str(), W_OK) == 0)
         return program.string();
     const fs::path folder = DataHome() / "pulselark";

@@ -32,6 +32,12 @@ GrowingFileWriter::GrowingFileWriter(FileDescriptor file)
     : file_(std::move(file)), worker_([this] { Work(); }) {}
 
 GrowingFileWriter::~GrowingFileWriter() {
+    Close();
+}
+
+void GrowingFileWriter::Close() {
+    if (!worker_.joinable())
+        return;
     {
         const std::lock_guard lock(mutex_);
         ending_ = true;

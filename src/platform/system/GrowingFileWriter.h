@@ -29,6 +29,7 @@ public:
 
     void Append(std::string bytes, bool flush) override;
     Integer FailureSoFar() override { return failure_; }
+    void Close() override;
     double LastFlushMilliseconds() override { return flushMilliseconds_; }
 
 private:

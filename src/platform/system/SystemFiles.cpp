@@ -144,6 +144,30 @@ int FollowLinks(std::filesystem::path& target) {
     return 0;
 }
 
+// What is not to be written over, and the file that a name stands for in the end.
+Integer FindTarget(const std::string& name, std::filesystem::path& target) {
+    if (name.empty() || name.back() == '/')
+        return FailureBadFileName;
+    target = name;
+    if (const int error = FollowLinks(target); error != 0)
+        return NumberOfError(error, FailurePathNotFound);
+    struct stat old {};
+    if (::stat(target.c_str(), &old) != 0)
+        return 0;
+    if (!S_ISREG(old.st_mode))
+        return FailurePathFileAccess;
+    // A file that is write-protected stays as it is, though its folder would let it be replaced.
+    return ::access(target.c_str(), W_OK) == 0 ? Integer{0} : NumberOfError(errno, FailurePathNotFound);
+}
+
+std::string FolderOf(const std::filesystem::path& target) {
+    return target.has_parent_path() ? target.parent_path().string() : ".";
+}
+
+int OpenUnnamed(const std::string& folder) {
+    return ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+}
+
 // The new name itself must reach the disk, too. A file system that cannot flush a folder has done what it
 // can.
 void FlushFolder(const std::string& folder) {
@@ -188,27 +212,32 @@ Integer SystemFiles::ReadWhole(const std::string& name, std::string& bytes) {
 }
 
 Integer SystemFiles::ReplaceWhole(const std::string& name, const std::string& bytes) {
-    if (name.empty() || name.back() == '/')
-        return FailureBadFileName;
-    std::filesystem::path target = name;
-    if (const int error = FollowLinks(target); error != 0)
-        return NumberOfError(error, FailurePathNotFound);
-    struct stat old {};
-    if (::stat(target.c_str(), &old) == 0) {
-        if (!S_ISREG(old.st_mode))
-            return FailurePathFileAccess;
-        // A file that is write-protected stays as it is, though its folder would let it be replaced.
-        if (::access(target.c_str(), W_OK) != 0)
-            return NumberOfError(errno, FailurePathNotFound);
-    }
+    std::filesystem::path target;
+    if (const Integer failure = FindTarget(name, target); failure != 0)
+        return failure;
     const mode_t rights = RightsOf(target);
-    const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
-    const int unnamed = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    const std::string folder = FolderOf(target);
+    const int unnamed = OpenUnnamed(folder);
     const int error = unnamed >= 0 ? ReplaceByUnnamed(unnamed, folder, target, rights, bytes)
                                    : ReplaceByNamed(folder, target, rights, bytes);
     if (error != 0)
         return NumberOfError(error, FailurePathNotFound);
     FlushFolder(folder);
+    return 0;
+}
+
+Integer SystemFiles::TryReplace(const std::string& name) {
+    std::filesystem::path target;
+    if (const Integer failure = FindTarget(name, target); failure != 0)
+        return failure;
+    const std::string folder = FolderOf(target);
+    if (const Descriptor unnamed(OpenUnnamed(folder)); unnamed.Number() >= 0)
+        return 0;
+    std::string named = TemporaryName(folder);
+    const Descriptor file(::mkostemp(named.data(), O_CLOEXEC));
+    if (file.Number() < 0)
+        return NumberOfError(errno, FailurePathNotFound);
+    ::unlink(named.c_str());
     return 0;
 }
 

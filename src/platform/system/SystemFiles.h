@@ -9,6 +9,7 @@ class SystemFiles final : public Files {
 public:
     Integer ReadWhole(const std::string& name, std::string& bytes) override;
     Integer ReplaceWhole(const std::string& name, const std::string& bytes) override;
+    Integer TryReplace(const std::string& name) override;
     Integer ListFolder(const std::string& folder, const std::string& extension,
                        std::vector<std::string>& names) override;
     std::unique_ptr<GrowingFile> OpenToGrow(const std::string& name, Integer& failure) override;
