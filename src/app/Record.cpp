@@ -143,6 +143,10 @@ bool ReadForReplay(const std::string& file, LiveRecord& record) {
     return outcome.Number == 0;
 }
 
+void TellPortCode(Long code) {
+    Complain(LanguageText(TextMonitorPortCode) + std::to_string(code), ExitFailure);
+}
+
 // A terminal that goes ends the recording as its keys do; a reader of the messages that goes ends nothing.
 void HearSignals() {
     const auto wantEnd = [](int) { endWanted = 1; };
@@ -173,7 +177,7 @@ int RunRecord(Arguments arguments, const RecordWorld& world) {
                                  .Words = &TextOfMonitorWord,
                                  .ReadRecord = &ReadForReplay,
                                  .SerialPort = SerialPort,
-                                 .TellPortRefused = &TellPortRefused});
+                                 .TellPortRefused = &TellPortCode});
     const ConsolePlatform platform(&clock, monitors);
     SetProgramFolder(FindProgramFolder());
     InitApplication(false);

@@ -44,6 +44,11 @@ TEST(WfdbRecordTest, SamplesOfBothFormats) {
     std::vector<float> c;
     ASSERT_EQ(ReadWfdbSamples(header, 0, std::string("\xE8\x03\x18\xFC\x00\x80\x01", 7), c), 0);
     ASSERT_EQ(c.size(), 3U);
+    std::vector<float> later;
+    header.Signals[0].Skew = 1;
+    ASSERT_EQ(ReadWfdbSamples(header, 0, std::string("\xE8\x03\x18\xFC", 4), later), 0);
+    EXPECT_FLOAT_EQ(later[0], -0.5F);
+    EXPECT_TRUE(std::isnan(later[1]));
     EXPECT_FLOAT_EQ(c[0], 0.5F);
     EXPECT_FLOAT_EQ(c[1], -0.5F);
     EXPECT_TRUE(std::isnan(c[2]));

@@ -53,6 +53,9 @@ TEST(StdDriverMonitor, GivesWhatTheDriverGivesInThePanelsRange) {
     samples.clear();
     EXPECT_TRUE(monitor.Read_Buff(2, samples));
     EXPECT_EQ(samples, std::vector<float>(2, 0.0F));
+    driver->Waiting = 100000000; // a driver that never ends
+    EXPECT_TRUE(monitor.Read_Buff(2, samples));
+    EXPECT_LT(samples.size(), 100000U);
     monitor.CloseC2(7);
     monitor.CloseC2(7);
     EXPECT_EQ(driver->Calls, "Init\nCloseC2 7\n");

@@ -1,3 +1,6 @@
+#include "analysis/BeatDetector.h"
+#include "analysis/IntervalSeries.h"
+#include "analysis/Resampler.h"
 #include "persistence/LiveRecordFile.h"
 #include "persistence/SessionFile.h"
 #include "platform/monitors/FileMonitor.h"
@@ -82,12 +85,37 @@ TEST(SimulatedMonitor, PutsAnRPeakAtEachTrueBeat) {
         const auto middle = static_cast<std::ptrdiff_t>(beat.Time / PerSample);
         const auto highest = std::max_element(run.A.begin() + middle - 30, run.A.begin() + middle + 30);
         EXPECT_NEAR(static_cast<double>(highest - run.A.begin()) * PerSample, beat.Time, 0.012);
-        EXPECT_GT(*highest, 400);
-        EXPECT_LT(*highest, 700);
+        EXPECT_GT(*highest, beat.Ectopic ? 600 : 400);
+        EXPECT_LT(*highest, beat.Ectopic ? 950 : 700);
         ectopic += beat.Ectopic ? 1 : 0;
     }
     EXPECT_GT(ectopic, 4);
     EXPECT_LT(ectopic, 25);
+}
+
+TEST(SimulatedMonitor, ItsEarlyBeatsAreFoundAsSuchAtEveryRate) {
+    for (const char* rate : {"50", "80", "120"}) {
+        Simulated run(Simulated::Settings{{"ectopic", "8"}, {"rate", rate}});
+        run.Run(180);
+        Resampler resampler(SimulatedMonitor::Rate);
+        std::vector<float> samples;
+        BeatDetector detector;
+        IntervalSeries series;
+        for (const float sample : run.A)
+            resampler.Push(sample, samples);
+        long found = 0;
+        for (const float sample : samples) {
+            if (const auto beat = detector.Push(sample))
+                series.Add(*beat);
+            while (const auto beat = series.Next())
+                found += beat->Kind == BeatKind::Ectopic ? 1 : 0;
+        }
+        const auto beats = run.BeatsWithin(1, 175);
+        const auto early =
+            std::count_if(beats.begin(), beats.end(), [](const auto& beat) { return beat.Ectopic; });
+        EXPECT_GT(early, 8);
+        EXPECT_GE(10 * found, 9 * early) << rate;
+    }
 }
 
 TEST(SimulatedMonitor, TheSeedDecidesEverySample) {

@@ -148,6 +148,10 @@ TEST_F(MonitorChoiceTest, EveryWordOfAMonitorHasItsText) {
     EXPECT_EQ(TextOfMonitorWord(MonitorWord::Version), "<439>");
     TellPortRefused(-9);
     EXPECT_EQ(Outside.Boxes.Shown.at(0).Text, "<440>-9");
+    SessionRunning = On; // sought again: a box would hold the recording
+    TellPortRefused(-9);
+    EXPECT_EQ(Outside.Boxes.Shown.size(), 1U);
+    EXPECT_EQ(labStatus.Caption, "<440>-9");
 }
 
 } // namespace

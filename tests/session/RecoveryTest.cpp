@@ -7,6 +7,8 @@
 #include "support/LiveTest.h"
 #include "support/Signals.h"
 
+#include <limits>
+
 namespace pulselark {
 namespace {
 
@@ -73,6 +75,8 @@ TEST_F(Recovery, AKilledRecordingComesBackAndIsContinued) {
 }
 
 TEST_F(Recovery, KilledInAnyTickNoMoreThanASecondIsMissing) {
+    Monitor().LoseEvery = 200; // with a value that no journal takes
+    Monitor().LostAs = std::numeric_limits<float>::infinity();
     Press();
     for (int tick = 1; tick < 600; ++tick) {
         Timers.Advance(20);

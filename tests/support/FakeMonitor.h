@@ -23,8 +23,9 @@ public:
     bool Connected = true; ///< Read_Buff says so; without, nothing comes
     bool Silent = false;   ///< nothing comes, and it does not know
     bool Opens = true;
-    int LoseEvery = 0;       ///< of so many samples one is lost; 0 for none
-    std::int64_t Packet = 1; ///< samples come in packets of so many
+    int LoseEvery = 0;                                      ///< of so many samples one is lost; 0 for none
+    float LostAs = std::numeric_limits<float>::quiet_NaN(); ///< what stands in a lost one's place
+    std::int64_t Packet = 1;                                ///< samples come in packets of so many
     int Inits = 0, Closes = 0;
 
     Integer Init() override {
@@ -55,7 +56,7 @@ public:
 private:
     float SampleAt(std::int64_t number) const {
         if (LoseEvery > 0 && number % LoseEvery == 0)
-            return std::numeric_limits<float>::quiet_NaN();
+            return LostAs;
         const double t = static_cast<double>(number) / (Rate * Speed) + static_cast<double>(start_) / 1000;
         const double sinceBeat = std::fmod(t, Period) - Period / 2;
         return static_cast<float>(600 * std::exp(-sinceBeat * sinceBeat / (2 * 0.012 * 0.012)) +

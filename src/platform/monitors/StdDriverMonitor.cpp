@@ -39,6 +39,7 @@ Integer StdDriverMonitor::Init() {
         return 0;
     const Integer handle = driver_.Init();
     open_ = handle > 0;
+    refused_ = !open_;
     lastSample_ = clock_.Milliseconds();
     return handle;
 }
@@ -46,7 +47,8 @@ Integer StdDriverMonitor::Init() {
 std::string StdDriverMonitor::Error_Msg() {
     if (!Prepare())
         return problem_;
-    return TextOf(driver_.Error_Msg());
+    const std::string said = TextOf(driver_.Error_Msg());
+    return said.empty() && refused_ ? words_(MonitorWord::DriverRefused) : said;
 }
 
 Integer StdDriverMonitor::Tot_Channels() {
@@ -63,6 +65,7 @@ double StdDriverMonitor::Sig_Rate(Integer channel) {
 
 bool StdDriverMonitor::Read_Buff(Integer channel, std::vector<float>& samples) {
     constexpr int Room = 1024;
+    constexpr int MostRounds = 64; // a driver that never ends must not hold the program
     if (!open_)
         return false;
     const double most = driver_.Max_Value(channel);
@@ -71,7 +74,7 @@ bool StdDriverMonitor::Read_Buff(Integer channel, std::vector<float>& samples) {
     const double middle = most > least ? (most + least) / 2 : 0;
     std::array<float, Room> read{};
     int count = Room;
-    while (count == Room) {
+    for (int round = 0; round < MostRounds && count == Room; ++round) {
         count = driver_.Read_Buff(channel, read.data(), Room);
         if (count < 0 || count > Room)
             return false;

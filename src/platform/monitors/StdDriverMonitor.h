@@ -59,6 +59,7 @@ private:
     Operations driver_{};
     bool ready_ = false; // the library is open and has all operations
     bool open_ = false;
+    bool refused_ = false; // the driver has not opened the monitor
     std::string problem_;
     std::int64_t lastSample_ = 0; // reading of the clock
 };

@@ -100,11 +100,12 @@ double VilistusMonitor::Sig_Rate(Integer /*channel*/) {
 
 bool VilistusMonitor::Read_Buff(Integer channel, std::vector<float>& samples) {
     constexpr Long Room = 1024;
+    constexpr int MostRounds = 64; // a driver that never ends must not hold the program
     if (!open_ || driver_.GetEpoch == nullptr)
         return false;
     std::array<float, Room> read{};
     Long count = Room;
-    while (count == Room) {
+    for (int round = 0; round < MostRounds && count == Room; ++round) {
         count = driver_.GetEpoch(&dsuNumber_, channel, read.data(), Room);
         if (count < 0 || count > Room)
             return false;
