@@ -39,19 +39,19 @@ double LowPass(double distance, double bandwidth, double reach) {
 
 } // namespace
 
-Resampler::Resampler(double rate) : rate_(rate) {
+Resampler::Resampler(double rate, double first) : step_(rate / OutputRate) {
     if (!CanTake(rate))
         throw Failure{FailureOverflow};
-    if (rate_ == OutputRate)
-        return;
-    half_ = static_cast<int>(std::ceil(ZeroCrossings * std::max(1.0, rate_ / OutputRate)));
+    half_ = static_cast<int>(std::ceil(ZeroCrossings * std::max(1.0, step_)));
     MakeTable();
     samples_.resize(2 * static_cast<std::size_t>(half_) + 2);
     lost_.resize(samples_.size());
+    MoveOn(first);
 }
 
 void Resampler::MakeTable() {
-    const double bandwidth = CutOff * std::min(1.0, OutputRate / rate_);
+    // At 128 a second there is nothing to be taken out, and an output on an input is that input.
+    const double bandwidth = step_ == 1 ? 1 : CutOff * std::min(1.0, 1 / step_);
     const auto width = 2 * static_cast<std::size_t>(half_);
     table_.resize((Phases + 1) * width);
     std::vector<double> weights(width);
@@ -67,15 +67,27 @@ void Resampler::MakeTable() {
     }
 }
 
+// The next output lies so many inputs further on.
+void Resampler::MoveOn(double inputs) {
+    fraction_ += inputs;
+    const double whole = std::floor(fraction_);
+    whole_ += static_cast<std::int64_t>(whole);
+    fraction_ -= whole;
+}
+
 double Resampler::Delay() const {
-    return half_ / rate_;
+    return PassesThrough() ? 0 : half_ / (step_ * OutputRate);
+}
+
+double Resampler::Reached() const {
+    return static_cast<double>(outputs_) + Beyond() / step_;
+}
+
+double Resampler::Beyond() const {
+    return static_cast<double>(inputs_ - 1 - whole_) - fraction_;
 }
 
 void Resampler::Push(float sample, std::vector<float>& out) {
-    if (half_ == 0) {
-        out.push_back(sample);
-        return;
-    }
     const bool lost = std::isnan(sample);
     if (!lost)
         last_ = sample;
@@ -93,28 +105,28 @@ void Resampler::Take(float sample, bool lost) {
 }
 
 void Resampler::GiveCompleteOutputs(std::vector<float>& out) {
-    for (;; ++outputs_) {
-        const double place = static_cast<double>(outputs_) * rate_ / OutputRate;
-        const auto whole = static_cast<std::int64_t>(place);
-        if (whole + half_ >= inputs_)
-            return;
-        out.push_back(OutputAt(whole, place - static_cast<double>(whole)));
+    while (whole_ + (PassesThrough() ? 0 : half_) < inputs_) {
+        out.push_back(NextOutput());
+        ++outputs_;
+        MoveOn(step_);
     }
 }
 
-float Resampler::OutputAt(std::int64_t whole, double fraction) const {
+float Resampler::NextOutput() const {
     const auto size = static_cast<std::int64_t>(samples_.size());
     const auto ring = [size](std::int64_t index) { return static_cast<std::size_t>((index + size) % size); };
-    if (lost_[ring(whole)] != 0 || (fraction > 0 && lost_[ring(whole + 1)] != 0))
+    if (lost_[ring(whole_)] != 0 || (fraction_ > 0 && lost_[ring(whole_ + 1)] != 0))
         return Lost;
+    if (PassesThrough())
+        return samples_[ring(whole_)];
     const auto width = 2 * static_cast<std::size_t>(half_);
-    const double phase = fraction * Phases;
+    const double phase = fraction_ * Phases;
     const auto row = static_cast<std::size_t>(phase);
     const double toNext = phase - static_cast<double>(row);
     const float* near = &table_[row * width];
     const float* far = near + (toNext > 0 ? width : 0);
     double sum = 0;
-    std::size_t place = ring(whole - half_ + 1);
+    std::size_t place = ring(whole_ - half_ + 1);
     for (std::size_t tap = 0; tap < width; ++tap) {
         sum += (near[tap] + toNext * (far[tap] - near[tap])) * samples_[place];
         if (++place == samples_.size())
@@ -124,18 +136,15 @@ float Resampler::OutputAt(std::int64_t whole, double fraction) const {
 }
 
 void Resampler::Flush(std::vector<float>& out) {
-    if (half_ == 0 || inputs_ == 0)
+    if (inputs_ == 0)
         return;
-    const auto wanted =
-        static_cast<std::int64_t>(static_cast<double>(inputs_ - 1) * OutputRate / rate_ + 1e-9) + 1;
+    const auto wanted = static_cast<std::int64_t>(std::floor(Beyond() / step_ + 1e-9)) + 1;
     std::vector<float> rest;
-    for (int i = 0; i < half_ + 1; ++i) {
+    for (int i = 0; i <= half_; ++i) {
         Take(last_, false);
         GiveCompleteOutputs(rest);
     }
-    const auto missing =
-        std::max<std::int64_t>(0, wanted - (outputs_ - static_cast<std::int64_t>(rest.size())));
-    rest.resize(std::min(rest.size(), static_cast<std::size_t>(missing)));
+    rest.resize(std::min(rest.size(), static_cast<std::size_t>(std::max<std::int64_t>(wanted, 0))));
     out.insert(out.end(), rest.begin(), rest.end());
 }
 

@@ -9,9 +9,11 @@
 /// A low-pass of windowed-sinc form (Kaiser window; Oppenheim and Schafer, Discrete-Time Signal Processing,
 /// section 7.5) is evaluated at the places of the outputs, from a table of 256 phases with linear
 /// interpolation between them; for a whole number of hertz every output falls onto a phase, so nothing is
-/// interpolated. The filter is symmetric and centred on the output, so its group delay is taken out: output k
-/// (from 0) belongs to the time k / 128 s after the first input, and comes `Delay()` later. What lies before
-/// the first input counts as equal to it.
+/// interpolated. The rate may be corrected in passing, which moves the places of the outputs and nothing
+/// else. The filter is symmetric and centred on the output, so its group delay is taken out: output k (from
+/// 0) belongs to the time k / 128 s after the first input, and comes `Delay()` later. What lies before the
+/// first input counts as equal to it. At 128 samples a second, as long as that is not corrected, every output
+/// is an input, and comes at once.
 namespace pulselark {
 
 class Resampler {
@@ -21,9 +23,12 @@ public:
     /// Whether `rate` is one that it takes.
     static bool CanTake(double rate) { return rate >= 10 && rate <= 10000; }
 
-    /// `rate` in samples a second, 10 to 10000; outside of it failure 6. At 128 samples pass through
-    /// unchanged.
-    explicit Resampler(double rate);
+    /// `rate` in samples a second, 10 to 10000; outside of it failure 6. The first output lies `first` inputs
+    /// after the first one, 0 or more.
+    explicit Resampler(double rate, double first = 0);
+
+    /// From the next output on inputs come at `rate`, which is close to that of the beginning.
+    void CorrectRate(double rate) { step_ = rate / OutputRate; }
 
     /// Takes one input sample, any unit; appends the outputs that are now complete. A lost sample is a NaN:
     /// it keeps its place in time. An output beside a lost sample (within one input interval) is a NaN too;
@@ -33,7 +38,10 @@ public:
     /// Appends the outputs up to the time of the last input; what would come after it counts as equal to it.
     void Flush(std::vector<float>& out);
 
-    /// Seconds from the time of an output to the arrival of the last input it needs; below 0.07 s from 128
+    /// How far the last input lies behind the first output, in outputs.
+    double Reached() const;
+
+    /// Seconds from the time of an output to the arrival of the last input it needs; 0.07 s at most from 128
     /// samples a second on, 8 / rate below.
     double Delay() const;
 
@@ -41,17 +49,22 @@ private:
     static constexpr int Phases = 256;
 
     void MakeTable();
+    void MoveOn(double inputs);
+    double Beyond() const; // inputs from the place of the next output to the last input
+    bool PassesThrough() const { return step_ == 1 && fraction_ == 0; }
     void Take(float sample, bool lost);
     void GiveCompleteOutputs(std::vector<float>& out);
-    float OutputAt(std::int64_t whole, double fraction) const;
+    float NextOutput() const;
 
-    double rate_;
+    double step_;                // inputs from one output to the next
     int half_ = 0;               // inputs needed on each side of an output
     std::vector<float> table_;   // Phases + 1 rows of 2 * half_ weights
     std::vector<float> samples_; // ring of the last inputs, lost ones filled
     std::vector<char> lost_;     // beside them
     std::int64_t inputs_ = 0;    // samples taken
     std::int64_t outputs_ = 0;   // samples given
+    std::int64_t whole_ = 0;     // place of the next output among the inputs, its whole part
+    double fraction_ = 0;        // and the rest
     float last_ = 0;             // last sample that was not lost
 };
 

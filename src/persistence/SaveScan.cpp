@@ -33,14 +33,7 @@ void SaveAs(void (*measure)(), std::string (*text)()) {
     CollectReportFields();
     lock = before; // only a session that is saved becomes a locked one
     measure();
-    const Integer failure = WriteShown(*chosen, text);
-    BringSceneryBack();
-    if (failure != 0) {
-        TellSaveFailure(failure, *chosen);
-        return;
-    }
-    LastFileResult = FileSuccess;
-    ShowStatus(*chosen + LanguageText(TextSaved));
+    EndSave(WriteTextShown(*chosen, text), *chosen);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "persistence/SaveScanPage.h"
 
-#include "base/FlagWhile.h"
 #include "persistence/SaveSteps.h"
 #include "platform/Platform.h"
 #include "quickscan/QsPrint.h"
@@ -12,13 +11,8 @@ namespace pulselark {
 
 namespace {
 
-Integer WritePage(const std::string& name) {
-    const FlagWhile saving(SavingSession);
-    ShowStatus(name + LanguageText(TextSaving));
-    const Platform& platform = ThePlatform();
-    std::string bytes;
-    const Integer failure = platform.PagePrinter.MakePdf(QsPageTitle(), &QsPaperPage, bytes);
-    return failure != 0 ? failure : platform.Files.ReplaceWhole(name, bytes);
+Integer MakePage(std::string& bytes) {
+    return ThePlatform().PagePrinter.MakePdf(QsPageTitle(), &QsPaperPage, bytes);
 }
 
 } // namespace
@@ -32,14 +26,7 @@ void SaveScanPage() {
     if (!chosen)
         return;
     LastSaveFolder = *chosen;
-    const Integer failure = WritePage(*chosen);
-    BringSceneryBack();
-    if (failure != 0) {
-        TellSaveFailure(failure, *chosen);
-        return;
-    }
-    LastFileResult = FileSuccess;
-    ShowStatus(*chosen + LanguageText(TextSaved));
+    EndSave(WriteShown(*chosen, &MakePage), *chosen);
 }
 
 } // namespace pulselark

@@ -14,7 +14,7 @@
 namespace pulselark {
 
 Integer WriteSessionFile(const std::string& name) {
-    return WriteShown(name, &SessionText);
+    return WriteTextShown(name, &SessionText);
 }
 
 void SaveSessionFromMenu() {
@@ -37,20 +37,15 @@ void SaveSession() {
     CollectReportFields();
     const std::string lockBefore = SessionInfo[20];
     SessionInfo[20] = '1'; // a saved document is locked
-    const Integer failure = WriteSessionFile(name);
-    BringSceneryBack();
-    if (failure != 0) {
+    if (!EndSave(WriteSessionFile(name), name)) {
         SessionInfo[20] = lockBefore;
-        TellSaveFailure(failure, name);
         return;
     }
     SessionUnsaved = Off;
     if (SessionRunning == Off)
         DiscardJournal();
-    LastFileResult = FileSuccess;
     SessionName = LastSessionFile = name;
     LockSavedReport();
-    ShowStatus(SessionName + LanguageText(TextSaved));
 }
 
 } // namespace pulselark

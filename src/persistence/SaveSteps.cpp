@@ -13,6 +13,18 @@
 
 namespace pulselark {
 
+namespace {
+
+// A file dialog has hidden the scenery of a training.
+void BringSceneryBack() {
+    if (TrainingActive == Off)
+        return;
+    SendAppCommand(CmdRestoreView);
+    RestoreScenery();
+}
+
+} // namespace
+
 std::optional<std::string> AskForFileToSave(const char* filter) {
     std::optional<std::string> chosen;
     {
@@ -26,27 +38,34 @@ std::optional<std::string> AskForFileToSave(const char* filter) {
     return chosen;
 }
 
-Integer WriteShown(const std::string& name, const std::function<std::string()>& text) {
+Integer WriteShown(const std::string& name, const std::function<Integer(std::string&)>& make) {
     const FlagWhile saving(SavingSession);
     ShowStatus(name + LanguageText(TextSaving));
     try {
-        return ThePlatform().Files.ReplaceWhole(name, text());
+        std::string content;
+        const Integer failure = make(content);
+        return failure != 0 ? failure : ThePlatform().Files.ReplaceWhole(name, content);
     } catch (const std::bad_alloc&) {
         return FailureOutOfMemory;
     }
 }
 
-void TellSaveFailure(Integer failure, const std::string& name) {
-    LastFileResult = failure;
-    ShowFileFailure(LanguageText(TextSaveFailed) + "_1 ", {failure, 0}, name,
-                    LanguageText(TextSaveFailedSafe));
+Integer WriteTextShown(const std::string& name, const std::function<std::string()>& text) {
+    return WriteShown(name, [&text](std::string& content) {
+        content = text();
+        return Integer(0);
+    });
 }
 
-void BringSceneryBack() {
-    if (TrainingActive == Off)
-        return;
-    SendAppCommand(CmdRestoreView);
-    RestoreScenery();
+bool EndSave(Integer failure, const std::string& name) {
+    BringSceneryBack();
+    LastFileResult = failure == 0 ? FileSuccess : failure;
+    if (failure == 0)
+        ShowStatus(name + LanguageText(TextSaved));
+    else
+        ShowFileFailure(LanguageText(TextSaveFailed) + "_1 ", {failure, 0}, name,
+                        LanguageText(TextSaveFailedSafe));
+    return failure == 0;
 }
 
 } // namespace pulselark

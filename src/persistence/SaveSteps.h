@@ -13,14 +13,13 @@ namespace pulselark {
 /// `LastFileResult`; in training the scenery that the dialog has hidden comes back.
 std::optional<std::string> AskForFileToSave(const char* filter);
 
-/// Writes `text()` as file `name`, whole or not at all, while the status line says so. Returns 0 or the
-/// failure's number, 7 if there was not enough memory for the text.
-Integer WriteShown(const std::string& name, const std::function<std::string()>& text);
+/// Writes file `name`, whole or not at all, while the status line says so. `make` appends what the file
+/// holds, and returns 0 or a failure's number, as this does; 7 if there was not enough memory for it.
+Integer WriteShown(const std::string& name, const std::function<Integer(std::string&)>& make);
+Integer WriteTextShown(const std::string& name, const std::function<std::string()>& text);
 
-/// Tells of a save that failed, and notes it in `LastFileResult`.
-void TellSaveFailure(Integer failure, const std::string& name);
-
-/// A file dialog hides the scenery of a training: shows it again.
-void BringSceneryBack();
+/// Tells how a save has ended, and notes it in `LastFileResult`; in training the scenery comes back. Returns
+/// whether it succeeded.
+bool EndSave(Integer failure, const std::string& name);
 
 } // namespace pulselark

@@ -70,20 +70,33 @@ void KeepNewest(LiveInput& input, double room) {
         input.Raw.erase(input.Raw.begin(), input.Raw.end() - static_cast<std::ptrdiff_t>(count));
 }
 
-// The first samples of a recording or after a loss; those that the time base has no room for are old.
-void ConnectInput(LiveInput& input, Long now, double lag) {
-    input.Channel.Connect(MonitorRate(input.Number));
-    KeepNewest(input, SamplesByClock(now) - lag - input.WriteIndex);
+// The first samples of a recording or after a loss, the newest of which lies at `newest` samples of the
+// session. Those that the time base has no room for are old.
+void ConnectInput(LiveInput& input, Long now, double newest) {
+    const double step = SamplesPerSecond / MonitorRate(input.Number);
+    KeepNewest(input, newest + step - input.WriteIndex);
+    input.Channel.Connect(MonitorRate(input.Number),
+                          newest - (static_cast<double>(input.Raw.size()) - 1) * step);
     input.Total = -static_cast<double>(input.Raw.size()); // they came in no time that could be measured
     input.Since = SessionMilliseconds(now);
 }
 
 // The session's time begins, or goes on, with the first samples.
-void AnchorAtFirstSamples(Long now) {
+void BeginInputs(Long now) {
     KeepNewest(inputA, LongestFirstBatch * SamplesPerSecond);
-    const double came = static_cast<double>(inputA.Raw.size()) / MonitorRate(inputA.Number);
-    AnchorSession(now, WriteIndexA + came * SamplesPerSecond);
-    SetFirstDueTimes(Later(now, -static_cast<Long>(Round(came * 1000))));
+    const double step = SamplesPerSecond / MonitorRate(inputA.Number);
+    const double end = WriteIndexA + static_cast<double>(inputA.Raw.size()) * step;
+    AnchorSession(now, end);
+    SetFirstDueTimes(Later(now, -static_cast<Long>(Round((end - WriteIndexA) * 1000 / SamplesPerSecond))));
+    ConnectInput(inputA, now, end - step);
+    if (RecordsB())
+        ConnectInput(inputB, now, end - step);
+}
+
+void ResumeInputs(Long now) {
+    ConnectInput(inputA, now, SamplesByClock(now) - inputA.Channel.UsualLag());
+    if (RecordsB())
+        ConnectInput(inputB, now, SamplesByClock(now) - inputB.Channel.UsualLag());
 }
 
 void TakeInput(LiveInput& input, Long now) {
@@ -100,7 +113,8 @@ void TakeInput(LiveInput& input, Long now) {
 void FillGap(Long now) {
     for (LiveInput* input : {&inputA, &inputB}) {
         if (input == &inputA || RecordsB())
-            input->Channel.FillWithLost(static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLag()));
+            input->Channel.FillWithLost(
+                static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLagWritten()));
     }
 }
 
@@ -113,12 +127,9 @@ void TakeSamples(Long now) {
     if (!SamplesHaveCome())
         return;
     if (begins)
-        AnchorAtFirstSamples(now);
-    if (begins || resumes) {
-        ConnectInput(inputA, now, begins ? 0 : inputA.Channel.UsualLag());
-        if (RecordsB())
-            ConnectInput(inputB, now, begins ? 0 : inputB.Channel.UsualLag());
-    }
+        BeginInputs(now);
+    if (resumes)
+        ResumeInputs(now);
     if (ConnectionLost != Off) {
         FillGap(now);
         return;

@@ -18,7 +18,8 @@ struct ChannelFigures {
     double SamplesPerSecond = 0; ///< raw samples of the monitor, mean over the recording without its gaps
     double NominalRate = 0;      ///< what the monitor says of itself
     Long LostSamples = 0;        ///< of the 128 a second, those that stand for nothing
-    Long Corrections = 0;        ///< samples put in or left out because the monitor's clock goes otherwise
+    double Corrected = 0;        ///< samples that the monitor's clock has made too few since it was connected
+    double ClockDrift = 0;       ///< by which share that clock goes too fast
     double LagMs = 0;            ///< by how much the newest sample is older than the clock
 };
 

@@ -14,14 +14,11 @@ namespace {
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
 // A shorter loss keeps the line where it was; a longer one is a gap, and gaps lie at 0.
 constexpr int LongestBridge = SamplesPerSecond / 8;
-// Over so many milliseconds the least lag is the way of the samples without the waiting for a packet.
-constexpr Long TimeWindow = 10000;
-// Until the resampler is full, and the first packets of any size are through.
-constexpr Long SettlingTime = 2000;
-// Less is the clock's own grain.
-constexpr double LeastCorrection = 1.5;
-// More in one window is no clock that goes wrong, but a loss.
-constexpr Long LongestCorrection = SamplesPerSecond / 2;
+// In samples. A monitor whose clock wanders less is taken at its word.
+constexpr double LeastCorrection = 1;
+// What is wrong is made good in so many seconds, but no interval gets longer or shorter than by a fiftieth.
+constexpr double CorrectionTime = 5;
+constexpr double FastestCorrection = SamplesPerSecond / 50.0; // samples a second
 // Beats of the first two seconds come all at once.
 constexpr double LearningSeconds = 2;
 
@@ -41,47 +38,41 @@ void LiveChannel::Restart() {
     analysed_ = base_ = writeIndex_;
     held_ = 0;
     lostRun_ = 0;
-    windowOpen_ = false;
-    usualLag_.reset();
-    corrected_ = toCorrect_ = 0;
+    clock_ = {};
+    corrected_ = false;
 }
 
-void LiveChannel::Connect(double rate) {
-    if (resampler_) {
-        resampler_->Flush(ready_);
-        for (const float sample : ready_)
-            Put(sample);
-        ready_.clear();
-    }
-    resampler_.emplace(rate);
-    connectedAt_.reset();
-    figures_.NominalRate = rate;
-    windowOpen_ = false;
-    corrected_ = toCorrect_ = 0;
-}
-
-void LiveChannel::Take(std::span<const float> raw) {
-    for (const float sample : raw)
-        resampler_->Push(sample, ready_);
+void LiveChannel::FinishMonitor() {
+    if (!resampler_)
+        return;
+    resampler_->Flush(ready_);
     for (const float sample : ready_)
-        PutInTime(sample);
+        Put(sample);
     ready_.clear();
 }
 
-// One sample, or none, or two, as the clock wants it.
-void LiveChannel::PutInTime(float sample) {
-    const bool due = toCorrect_ != 0 && ++sinceCorrection_ >= spacing_;
-    if (!due || toCorrect_ > 0)
+void LiveChannel::Connect(double rate, double first) {
+    FinishMonitor();
+    rate_ = figures_.NominalRate = rate;
+    raw_ = 0;
+    first_ = first;
+    // Samples that come as they are wanted are passed on as they are.
+    const bool asTheyAre = rate == Resampler::OutputRate && !corrected_;
+    const double whole = asTheyAre ? std::round(first) : std::ceil(first - 1e-6);
+    firstWritten_ = std::max(writeIndex_, static_cast<Long>(whole));
+    FillWithLost(firstWritten_);
+    const double untilFirst = asTheyAre ? 0 : std::max(0.0, firstWritten_ - first);
+    resampler_.emplace(rate, untilFirst * rate / Resampler::OutputRate);
+    clock_.Connect();
+}
+
+void LiveChannel::Take(std::span<const float> raw) {
+    raw_ += static_cast<double>(raw.size());
+    for (const float sample : raw)
+        resampler_->Push(sample, ready_);
+    for (const float sample : ready_)
         Put(sample);
-    if (!due)
-        return;
-    const Long step = toCorrect_ > 0 ? 1 : -1;
-    if (step > 0)
-        Put(sample);
-    toCorrect_ -= step;
-    corrected_ += step;
-    sinceCorrection_ = 0;
-    ++figures_.Corrections;
+    ready_.clear();
 }
 
 void LiveChannel::FillWithLost(Long end) {
@@ -135,41 +126,33 @@ void LiveChannel::Analyse(float sample) {
 }
 
 void LiveChannel::KeepTime(Long now, double byClock) {
-    const double lag = byClock - writeIndex_;
-    figures_.LagMs = lag * 1000 / SamplesPerSecond;
-    if (!connectedAt_)
-        connectedAt_ = now;
-    if (now - *connectedAt_ < SettlingTime)
+    figures_.LagMs = (byClock - writeIndex_) * 1000 / SamplesPerSecond;
+    if (raw_ == 0)
         return;
-    const double uncorrected = lag + corrected_;
-    if (!windowOpen_) {
-        windowOpen_ = true;
-        windowStart_ = now;
-        leastLag_ = uncorrected;
+    const double counted = first_ + (raw_ - 1) * SamplesPerSecond / rate_;
+    clock_.Compare(now, byClock - counted);
+    if (const Long loss = clock_.TakeLoss(); loss > 0) {
+        FillWithLost(writeIndex_ + loss);
+        first_ += loss;
+        firstWritten_ += loss;
     }
-    leastLag_ = std::min(leastLag_, uncorrected);
-    if (now - windowStart_ >= TimeWindow)
-        CloseTimeWindow();
+    const double put = firstWritten_ + resampler_->Reached() - counted;
+    CorrectRate(clock_.Missing(now) - put);
+    figures_.Corrected = put;
+    figures_.ClockDrift = -clock_.Drift() / SamplesPerSecond;
 }
 
-void LiveChannel::CloseTimeWindow() {
-    windowOpen_ = false;
-    if (!usualLag_) {
-        usualLag_ = leastLag_;
+void LiveChannel::CorrectRate(double missing) {
+    corrected_ = corrected_ || std::abs(missing) >= LeastCorrection;
+    if (!corrected_)
         return;
-    }
-    const double wrong = leastLag_ - *usualLag_ - corrected_;
-    if (std::abs(wrong) < LeastCorrection)
-        return;
-    toCorrect_ = static_cast<Long>(Round(wrong));
-    if (toCorrect_ > LongestCorrection) { // lost on the way, without a word from the monitor
-        corrected_ += toCorrect_;
-        FillWithLost(writeIndex_ + toCorrect_);
-        toCorrect_ = 0;
-        return;
-    }
-    constexpr Long SamplesOfAWindow = TimeWindow / 1000 * SamplesPerSecond;
-    spacing_ = std::max<Long>(1, SamplesOfAWindow / 2 / std::abs(toCorrect_));
+    const double pace = std::clamp(missing / CorrectionTime, -FastestCorrection, FastestCorrection);
+    const double trueRate = rate_ * (1 - clock_.Drift() / SamplesPerSecond);
+    resampler_->CorrectRate(trueRate * SamplesPerSecond / (SamplesPerSecond + pace));
+}
+
+double LiveChannel::UsualLagWritten() const {
+    return UsualLag() + (resampler_ ? resampler_->Delay() * SamplesPerSecond : 0);
 }
 
 void LiveChannel::StoreIntervals(Long second) {

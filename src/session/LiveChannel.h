@@ -2,6 +2,7 @@
 
 #include "analysis/BeatDetector.h"
 #include "analysis/IntervalSeries.h"
+#include "analysis/MonitorClock.h"
 #include "analysis/Resampler.h"
 #include "analysis/SignalQuality.h"
 #include "session/Diagnostics.h"
@@ -25,9 +26,10 @@ public:
     /// read back.
     void Restart();
 
-    /// From now on the monitor gives `rate` samples a second. What it gave before is finished. The next
-    /// samples follow the ones written last.
-    void Connect(double rate);
+    /// From now on the monitor gives `rate` samples a second. What it gave before is finished. `first` is the
+    /// place of its first sample in samples of the session, not before the write index; what lies between is
+    /// lost.
+    void Connect(double rate, double first);
 
     /// Takes raw samples, NaN for a lost one. At the end of the buffer the rest is dropped.
     void Take(std::span<const float> raw);
@@ -38,13 +40,15 @@ public:
     /// Writes samples of 0 up to `end` samples in all: there is no monitor to ask.
     void FillWithZeros(Long end);
 
-    /// Compares the samples written with the clock, which has `byClock` by now. What the monitor's own clock
-    /// has made too few or too many of in ten seconds is put in or left out, one by one, in the next ten.
-    /// Milliseconds `now` are the session's.
+    /// Compares what has come with the clock, by which it should be `byClock` samples of the session, at
+    /// `now` in its milliseconds. If the monitor's own clock goes otherwise, the samples that follow are
+    /// resampled so that the recording keeps the program's time.
     void KeepTime(Long now, double byClock);
 
-    /// By how many samples the channel runs behind the clock when all is well.
-    double UsualLag() const { return usualLag_.value_or(0); }
+    /// By how many samples of the session the monitor runs behind the clock when all is well, and by how many
+    /// the samples written do.
+    double UsualLag() const { return clock_.UsualLag(); }
+    double UsualLagWritten() const;
 
     /// Stores the intervals up to `second`, those before it anew where they have changed.
     void StoreIntervals(Long second);
@@ -64,8 +68,8 @@ private:
     void CatchUpWithWriteIndex();
     void Put(float sample);
     void Analyse(float sample);
-    void PutInTime(float sample);
-    void CloseTimeWindow();
+    void FinishMonitor();
+    void CorrectRate(double missing);
 
     EcgBuffer& ecg_;
     SecondsBuffer& ibi_;
@@ -86,15 +90,12 @@ private:
     float held_ = 0;    // last sample that was not lost
     int lostRun_ = 0;   // lost samples since
 
-    std::optional<Long> connectedAt_; // session time of the first samples, ms
-    Long windowStart_ = 0;
-    double leastLag_ = 0;
-    bool windowOpen_ = false;
-    std::optional<double> usualLag_;
-    Long corrected_ = 0; // samples put in less those left out since the monitor was connected
-    Long toCorrect_ = 0; // still to be put in, or if negative to be left out
-    Long spacing_ = 1;   // samples from one correction to the next
-    Long sinceCorrection_ = 0;
+    MonitorClock clock_;
+    double rate_ = SamplesPerSecond; // that the monitor says it has
+    double first_ = 0;               // place of its first sample
+    Long firstWritten_ = 0;          // and of the first one of 128 a second
+    double raw_ = 0;                 // samples of the monitor since it was connected
+    bool corrected_ = false;         // its clock goes otherwise
 };
 
 extern LiveChannel LiveChannelA, LiveChannelB;

@@ -40,6 +40,10 @@ bool MotionWanted() {
     return !less && QGuiApplication::platformName() != "offscreen";
 }
 
+bool WindowsShineThrough() {
+    return !QGuiApplication::platformName().startsWith("wayland");
+}
+
 void FadeIn(QWidget& widget, int milliseconds, int rise) {
     if (!MotionWanted())
         return;
@@ -47,6 +51,8 @@ void FadeIn(QWidget& widget, int milliseconds, int rise) {
         FadeCard(widget, milliseconds);
         return;
     }
+    if (!WindowsShineThrough())
+        return;
     QVariantAnimation* animation = AnimationOn(widget, milliseconds);
     const QPoint place = widget.pos();
     const auto below = [place, rise](double way) {

@@ -10,6 +10,9 @@ namespace pulselark {
 /// pass that on as GTK_ENABLE_ANIMATIONS=0), nor where nobody looks on (pictures without a display).
 bool MotionWanted();
 
+/// Whether the window system knows windows that shine through, and ones that place themselves.
+bool WindowsShineThrough();
+
 /// How long each kind takes, in milliseconds.
 inline constexpr int HoverTime = 80;
 inline constexpr int MenuTime = 120; ///< menus and cards
@@ -17,7 +20,8 @@ inline constexpr int DialogTime = 160;
 inline constexpr int DialogRise = 4; ///< pixels
 
 /// Lets a window or card that is being shown come up by degrees: from nothing to full opacity, and, for a
-/// window, from `rise` pixels below its place. Does nothing where motion is not wanted.
+/// window, from `rise` pixels below its place. Does nothing where motion is not wanted, or
+/// where windows cannot.
 void FadeIn(QWidget& widget, int milliseconds, int rise = 0);
 
 /// The light that the pointer throws on a control: 0 away from it, 1 over it, between them for `HoverTime`.

@@ -35,6 +35,13 @@ std::function<QString()> RateOf(const ChannelFigures& figures) {
     };
 }
 
+// Samples put in, and by how much the monitor's clock goes too fast.
+std::function<QString()> CorrectionOf(const ChannelFigures& figures) {
+    return [&figures] {
+        return QString::asprintf("%+.1f  (%+.0f ppm)", figures.Corrected, figures.ClockDrift * 1e6);
+    };
+}
+
 std::function<QString()> QualityOf(const float& quality, const Integer& light) {
     return [&quality, &light] {
         const int word = light >= 2 ? TextSignalGood : light == 1 ? TextSignalWeak : TextSignalLost;
@@ -67,7 +74,7 @@ FormCard* frmDiagnostics::AddChannel(QVBoxLayout* column, const ChannelFigures& 
     FormCard* card = AddCard(column);
     AddFigure(card, TextMonitorRate, RateOf(channel));
     AddFigure(card, TextLostSamples, CountOf(channel.LostSamples));
-    AddFigure(card, TextClockCorrections, CountOf(channel.Corrections));
+    AddFigure(card, TextClockCorrections, CorrectionOf(channel));
     AddFigure(card, TextNewestSampleAge, [&channel] { return Milliseconds(channel.LagMs); });
     AddFigure(card, TextSignalQuality, QualityOf(quality, light));
     return card;

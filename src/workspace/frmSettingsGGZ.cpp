@@ -8,6 +8,7 @@
 #include "workspace/FormControls.h"
 #include "workspace/FormPaint.h"
 #include "workspace/Look.h"
+#include "workspace/Motion.h"
 #include "workspace/SideWindowParts.h"
 #include "workspace/Texts.h"
 #include "workspace/TrainingArtwork.h"
@@ -128,7 +129,8 @@ void BackgroundButton::paintEvent(QPaintEvent* /*event*/) {
 frmSettingsGGZ::frmSettingsGGZ(QWidget* owner, std::function<void(const std::function<void()>&)> run)
     : FormWindow(owner, "frmSettingsGGZ"), run_(std::move(run)) {
     constexpr double ShinesThrough = 0.96;
-    setWindowOpacity(ShinesThrough);
+    if (WindowsShineThrough())
+        setWindowOpacity(ShinesThrough);
     if (auto* close = findChild<ActionButton*>("picClose"))
         close->setObjectName("labClose");
     BuildBreathing(AddColumn());

@@ -24,6 +24,14 @@ std::string TraceOf(const std::vector<std::string>& words, int& code) {
     return testing::internal::GetCapturedStdout();
 }
 
+// Whether the reference finds in these traces what it computes itself.
+bool Agrees(const char* reference, const fs::path& session, const std::string& traces) {
+    const fs::path script = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / reference;
+    const std::string command = "'" PULSELARK_PYTHON "' -B '" + script.string() + "' '" + session.string() +
+                                "' --averaging 4" + traces;
+    return std::system(command.c_str()) == 0;
+}
+
 TEST_P(TraceSecondOpinion, AgreesOnEveryScoreAndPayload) {
     const char* data = std::getenv("PULSELARK_DATA");
     if (data == nullptr)
@@ -41,11 +49,7 @@ TEST_P(TraceSecondOpinion, AgreesOnEveryScoreAndPayload) {
         std::ofstream(name) << lines;
         traces += std::string(" ") + mode + ":" + interval + ":" + name;
     }
-    const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "training.py";
-    EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' '" + reference.string() + "' '" + session.string() +
-                           "' --averaging 4" + traces)
-                              .c_str()),
-              0);
+    EXPECT_TRUE(Agrees("training.py", session, traces));
 }
 
 // The words of every second, in training and with the panels, against tests/reference/chord.py.
@@ -67,11 +71,7 @@ TEST_P(TraceSecondOpinion, AgreesOnEveryMidiWord) {
         std::ofstream(name) << lines;
         traces.append(" ").append(mode).append(":16:").append(name);
     }
-    const fs::path reference = fs::path(PULSELARK_SOURCE) / "tests" / "reference" / "chord.py";
-    EXPECT_EQ(std::system(("'" PULSELARK_PYTHON "' -B '" + reference.string() + "' '" + session.string() +
-                           "' --averaging 4" + traces)
-                              .c_str()),
-              0);
+    EXPECT_TRUE(Agrees("chord.py", session, traces));
 }
 
 TEST(Trace, TellsWrongUsage) {
