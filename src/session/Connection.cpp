@@ -60,6 +60,12 @@ void ShowLamp(int text) {
     labConnection.Visible = true;
 }
 
+// Why the monitor gives nothing, if it can say more than that.
+std::string Reason() {
+    const std::string said = MonitorText();
+    return said.empty() || said == LanguageText(TextMonitorLost) ? "" : " (" + said + ")";
+}
+
 void Lose(Long now) {
     ConnectionLost = On;
     lastTryAt = now;
@@ -71,7 +77,7 @@ void Lose(Long now) {
     }
     ++Diagnostics.Losses;
     ShowLamp(TextConnectionLamp);
-    ShowStatus(LanguageText(TextConnectionLost));
+    ShowStatus(LanguageText(TextConnectionLost) + Reason());
     HoldFeedback();
 }
 
@@ -98,10 +104,11 @@ void ShowWaiting() {
     waitingText = text;
 }
 
-// A monitor that knows of its loss seeks by itself.
+// A monitor that knows of its loss seeks by itself, and has time for a first sample once it has found.
 void TryAgain(Long now, bool connected) {
-    const bool itSeeks = DeviceHandle > 0 && !connected;
-    if (itSeeks || MillisecondsBetween(lastTryAt, now) < TimeBetweenTries)
+    if (DeviceHandle > 0 && !connected)
+        lastTryAt = now;
+    if (MillisecondsBetween(lastTryAt, now) < TimeBetweenTries)
         return;
     ReopenMonitor();
     lastTryAt = now;
