@@ -18,6 +18,8 @@
 #include "session/RedrawPanels.h"
 #include "session/SessionButtons.h"
 
+#include <algorithm>
+
 namespace pulselark {
 
 namespace {
@@ -52,8 +54,9 @@ void ContinueSession() {
     PausedTotalMs += MillisecondsBetween(PauseStartTime, ClockNow());
     if (InsertSeparator != Off) {
         PausedTotalMs -= PauseGapSeconds * 1000;
-        WriteIndexA += PauseGapSeconds * SamplesPerSecond;
-        WriteIndexB += PauseGapSeconds * SamplesPerSecond;
+        // A gap that reaches beyond the buffers ends the recording at its first tick.
+        for (Long* index : {&WriteIndexA, &WriteIndexB})
+            *index = std::min<Long>(*index + PauseGapSeconds * SamplesPerSecond, EcgBufferSize);
     }
     NextSecondDue = Later(NextSecondDue, 1000);
     if (JournalName().empty()) // it went when the session was saved in its pause

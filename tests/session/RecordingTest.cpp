@@ -216,6 +216,18 @@ TEST_F(Recording, EndsByItselfAfterFourAndAHalfMinutesOrAtTheEndOfTheBuffers) {
     EXPECT_EQ(RecordedSeconds, 3601);
     EXPECT_LE(WriteIndexA, EcgBufferSize);
     EXPECT_EQ(labStatus.Caption, "noname<335>");
+
+    AllowMultiSessions = On; // a pause whose gap reaches beyond the end
+    Outside.Boxes.Answers = {ButtonNo};
+    Record(3599500);
+    Press();
+    Timers.Advance(20);
+    EXPECT_EQ(RecordedSeconds, 3599);
+    Press();
+    Timers.Advance(2000);
+    EXPECT_EQ(SessionRunning, Off);
+    EXPECT_EQ(RecordedSeconds, 3601);
+    EXPECT_EQ(WriteIndexA, EcgBufferSize);
 }
 
 TEST_F(Recording, TheProgramsEndClosesTheMonitorAndAsks) {
