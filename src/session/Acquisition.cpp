@@ -165,6 +165,23 @@ void ShowRate(CaptionLabel& label, float interval, bool lost) {
                     LanguageText(TextBpm);
 }
 
+// The monitor's own reckoning is a check of the beats that are found: where it says another rate than their
+// last seconds, it stands behind theirs.
+void ShowOtherRate() {
+    constexpr Long SecondsCompared = 8;
+    const double own = Diagnostics.MonitorRate = MonitorHeartRate();
+    if (own <= 0 || RecordedSeconds < SecondsCompared)
+        return;
+    double sum = 0;
+    for (Long second = RecordedSeconds - SecondsCompared + 1; second <= RecordedSeconds; ++second) {
+        if (LiveChannelA.SecondLost(second))
+            return;
+        sum += static_cast<double>(IbiA.at(second));
+    }
+    if (std::abs(60 * SecondsCompared / sum - own) > std::max(5.0, own / 10))
+        labBPMA.Caption += " (" + LanguageText(TextFieldMonitor) + ": " + std::to_string(Round(own)) + ")";
+}
+
 void ProcessSecond(bool newest) {
     ++RecordedSeconds;
     SessionSeconds = SessionTick = RecordedSeconds;
@@ -176,6 +193,7 @@ void ProcessSecond(bool newest) {
         RunSecond(ConnectionLost == Off);
         Diagnostics.SecondToChord.Take(SessionMilliseconds(ClockNow()) - 1000.0 * RecordedSeconds);
         ShowRate(labBPMA, IbiA.at(RecordedSeconds), LiveChannelA.SecondLost(RecordedSeconds));
+        ShowOtherRate();
         if (ChannelBPresent != Off)
             ShowRate(labBPMB, IbiB.at(RecordedSeconds), LiveChannelB.SecondLost(RecordedSeconds));
     } else {

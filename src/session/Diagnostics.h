@@ -30,6 +30,7 @@ struct RecordingDiagnostics {
     MeasuredTime JournalFlush;  ///< of the journal onto the disk, in the background
     ChannelFigures A, B;
     Long Beats = 0;          ///< of channel A
+    double MonitorRate = 0;  ///< heart rate by the monitor's own reckoning, beats a minute; 0 if it has none
     Long Losses = 0;         ///< of the connection
     Long JournalSeconds = 0; ///< seconds that the journal has taken
 };

@@ -84,6 +84,11 @@ bool ReadMonitor(Integer channel, std::vector<float>& samples) {
     return connected;
 }
 
+double MonitorHeartRate() {
+    EcgMonitor* monitor = OpenOne();
+    return monitor != nullptr ? monitor->OwnHeartRate() : 0;
+}
+
 std::string MonitorText() {
     EcgMonitor* monitor = Chosen();
     return monitor != nullptr ? monitor->Error_Msg() : std::string();

@@ -31,6 +31,9 @@ double MonitorRate(Integer channel);
 /// connection.
 bool ReadMonitor(Integer channel, std::vector<float>& samples);
 
+/// The heart rate by the open monitor's own reckoning, beats a minute; 0 if it has none.
+double MonitorHeartRate();
+
 /// What the monitor says of itself, or empty.
 std::string MonitorText();
 

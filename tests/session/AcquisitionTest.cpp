@@ -119,6 +119,15 @@ TEST_F(Acquisition, LostSamplesKeepTheirPlace) {
     EXPECT_EQ(ConnectionLost, Off);
 }
 
+TEST_F(Acquisition, AMonitorsOwnRateChecksTheBeats) {
+    Monitor().OwnRate = 78;
+    Record(20500);
+    EXPECT_EQ(labBPMA.Caption, "<155>: 75 <147>");
+    Monitor().OwnRate = 37.6; // every second beat is no beat
+    Timers.Advance(2000);
+    EXPECT_EQ(labBPMA.Caption, "<155>: 75 <147> (<306>: 38)");
+}
+
 TEST_F(Acquisition, ALossIsToldHeldAndMarked) {
     for (const bool knows : {true, false}) {
         PutEverythingBack();

@@ -26,6 +26,7 @@ public:
     int LoseEvery = 0;                                      ///< of so many samples one is lost; 0 for none
     float LostAs = std::numeric_limits<float>::quiet_NaN(); ///< what stands in a lost one's place
     std::int64_t Packet = 1;                                ///< samples come in packets of so many
+    double OwnRate = 0;                                     ///< heart rate by its own reckoning
     int Inits = 0, Closes = 0;
 
     Integer Init() override {
@@ -51,6 +52,7 @@ public:
         }
         return Connected;
     }
+    double OwnHeartRate() override { return OwnRate; }
     void CloseC2(Integer /*handle*/) override { ++Closes; }
 
 private:
