@@ -32,7 +32,7 @@ bool Same(const std::vector<float>& a, const std::vector<float>& b) {
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
 
 TEST(LineDecoder, ReadsNumbersInPiecesOfAnySize) {
-    const std::string text = "the rest of a line\n512\r\n-13.25\n+1e2\n  7 \n\n0\n";
+    const std::string text = "the rest of a line\n512\r\n-13.25\r+1e2\n  7 \n\n0\n";
     for (std::size_t piece = 1; piece <= text.size(); ++piece) {
         LineDecoder decoder;
         Samples samples(1);

@@ -72,9 +72,7 @@ bool LineDecoder::TakeLine(std::vector<std::vector<float>>& channels) {
 int LineDecoder::Take(std::span<const std::uint8_t> bytes, std::vector<std::vector<float>>& channels) {
     int good = 0;
     for (const std::uint8_t byte : bytes) {
-        if (byte == '\r')
-            continue;
-        if (byte != '\n') {
+        if (byte != '\n' && byte != '\r') {
             line_.push_back(static_cast<char>(byte));
             // No line is that long: the bytes are no text at all.
             if (line_.size() > LongestLine)

@@ -8,8 +8,8 @@
 namespace pulselark {
 
 /// One moment a line: a decimal number per channel, with blanks, commas or semicolons between. Lines end with
-/// a line feed, carriage returns are passed over. A line that is anything else stands for one lost sample;
-/// what comes before the first line end is taken for the rest of a line and dropped.
+/// a line feed, a carriage return or both. A line that is anything else stands for one lost sample; what
+/// comes before the first line end is taken for the rest of a line and dropped.
 ///
 /// Where a line end got lost two numbers stand as one, many times as large as any before: such a number is
 /// lost, too. Two of them in a row are the signal.
