@@ -113,8 +113,7 @@ void TakeInput(LiveInput& input, Long now) {
 void FillGap(Long now) {
     for (LiveInput* input : {&inputA, &inputB}) {
         if (input == &inputA || RecordsB())
-            input->Channel.FillWithLost(
-                static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLagWritten()));
+            input->Channel.FillGap(static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLag()));
     }
 }
 

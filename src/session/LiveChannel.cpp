@@ -49,6 +49,12 @@ void LiveChannel::FinishMonitor() {
     for (const float sample : ready_)
         Put(sample);
     ready_.clear();
+    resampler_.reset();
+}
+
+void LiveChannel::FillGap(Long end) {
+    FinishMonitor();
+    FillWithLost(end);
 }
 
 void LiveChannel::Connect(double rate, double first) {
@@ -149,10 +155,6 @@ void LiveChannel::CorrectRate(double missing) {
     const double pace = std::clamp(missing / CorrectionTime, -FastestCorrection, FastestCorrection);
     const double trueRate = rate_ * (1 - clock_.Drift() / SamplesPerSecond);
     resampler_->CorrectRate(trueRate * SamplesPerSecond / (SamplesPerSecond + pace));
-}
-
-double LiveChannel::UsualLagWritten() const {
-    return UsualLag() + (resampler_ ? resampler_->Delay() * SamplesPerSecond : 0);
 }
 
 void LiveChannel::StoreIntervals(Long second) {
