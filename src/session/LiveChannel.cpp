@@ -42,7 +42,7 @@ void LiveChannel::Restart() {
     corrected_ = false;
 }
 
-void LiveChannel::FinishMonitor() {
+void LiveChannel::Disconnect() {
     if (!resampler_)
         return;
     resampler_->Flush(ready_);
@@ -53,12 +53,12 @@ void LiveChannel::FinishMonitor() {
 }
 
 void LiveChannel::FillGap(Long end) {
-    FinishMonitor();
+    Disconnect();
     FillWithLost(end);
 }
 
 void LiveChannel::Connect(double rate, double first) {
-    FinishMonitor();
+    Disconnect();
     rate_ = figures_.NominalRate = rate;
     raw_ = 0;
     first_ = first;

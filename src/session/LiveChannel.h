@@ -31,6 +31,10 @@ public:
     /// already stays.
     void Connect(double rate, double first);
 
+    /// The monitor's samples are not wanted for now.
+    void Disconnect();
+    bool Connected() const { return resampler_.has_value(); }
+
     /// Takes raw samples, NaN for a lost one. At the end of the buffer the rest is dropped.
     void Take(std::span<const float> raw);
 
@@ -67,7 +71,6 @@ private:
     void CatchUpWithWriteIndex();
     void Put(float sample);
     void Analyse(float sample);
-    void FinishMonitor();
     void FillWithLost(Long end);
     void CorrectRate(double missing);
 
