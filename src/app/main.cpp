@@ -109,6 +109,7 @@ int main(int argc, char** argv) {
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         options->FullSpeed = true;
     }
+    PreferPlacedWindows();
     if (!options->Picture.empty() && !options->FullSpeed)
         return Complain("--picture goes with --full-speed; see pulselark --help", ExitUsage);
     return RunWindow(argc, argv, *options);

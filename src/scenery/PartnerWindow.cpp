@@ -9,7 +9,6 @@
 #include <QWindow>
 
 #include <cerrno>
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <utility>
@@ -99,9 +98,7 @@ void PartnerWindow::Do(WindowAction action, const ScenePlace& place) {
 
 void PartnerWindow::MoveTo(const ScenePlace& place) {
     LeaveFullScreen();
-    const double ratio = devicePixelRatioF();
-    const auto pixels = [ratio](int screen) { return static_cast<int>(std::lround(screen / ratio)); };
-    setGeometry(pixels(place.Left), pixels(place.Top), pixels(place.Width), pixels(place.Height));
+    setGeometry(place.Left, place.Top, place.Width, place.Height);
 }
 
 void PartnerWindow::StayOnTop(bool on) {

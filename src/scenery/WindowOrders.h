@@ -4,7 +4,7 @@
 
 namespace pulselark {
 
-/// Place of the window in pixels of the screen.
+/// Place of the window on the screen, in pixels as the toolkit counts them.
 struct ScenePlace {
     int Left = 0, Top = 0, Width = 0, Height = 0;
 };

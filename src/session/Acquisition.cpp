@@ -93,10 +93,10 @@ void BeginInputs(Long now) {
         ConnectInput(inputB, now, end - step);
 }
 
-void ResumeInputs(Long now) {
-    ConnectInput(inputA, now, SamplesByClock(now) - inputA.Channel.UsualLag());
-    if (RecordsB())
-        ConnectInput(inputB, now, SamplesByClock(now) - inputB.Channel.UsualLag());
+// A channel that has not been heard before is as late as the other one.
+void ResumeInput(LiveInput& input, Long now) {
+    const double own = input.Channel.UsualLag();
+    ConnectInput(input, now, SamplesByClock(now) - (own != 0 ? own : LiveChannelA.UsualLag()));
 }
 
 void TakeInput(LiveInput& input, Long now) {
@@ -109,12 +109,22 @@ void TakeInput(LiveInput& input, Long now) {
     input.Channel.KeepTime(SessionMilliseconds(now), SamplesByClock(now));
 }
 
+// Channel B can be put in and left out while a recording runs.
+void TakeInputB(Long now) {
+    if (!RecordsB()) {
+        LiveChannelB.Disconnect();
+        return;
+    }
+    if (!LiveChannelB.Connected())
+        ResumeInput(inputB, now);
+    TakeInput(inputB, now);
+}
+
 // The gap of a lost connection grows with the clock.
 void FillGap(Long now) {
     for (LiveInput* input : {&inputA, &inputB}) {
         if (input == &inputA || RecordsB())
-            input->Channel.FillWithLost(
-                static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLagWritten()));
+            input->Channel.FillGap(static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLag()));
     }
 }
 
@@ -129,14 +139,13 @@ void TakeSamples(Long now) {
     if (begins)
         BeginInputs(now);
     if (resumes)
-        ResumeInputs(now);
+        ResumeInput(inputA, now);
     if (ConnectionLost != Off) {
         FillGap(now);
         return;
     }
     TakeInput(inputA, now);
-    if (RecordsB())
-        TakeInput(inputB, now);
+    TakeInputB(now);
 }
 
 void TakeZeros(Long now) {

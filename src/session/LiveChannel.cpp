@@ -42,17 +42,23 @@ void LiveChannel::Restart() {
     corrected_ = false;
 }
 
-void LiveChannel::FinishMonitor() {
+void LiveChannel::Disconnect() {
     if (!resampler_)
         return;
     resampler_->Flush(ready_);
     for (const float sample : ready_)
         Put(sample);
     ready_.clear();
+    resampler_.reset();
+}
+
+void LiveChannel::FillGap(Long end) {
+    Disconnect();
+    FillWithLost(end);
 }
 
 void LiveChannel::Connect(double rate, double first) {
-    FinishMonitor();
+    Disconnect();
     rate_ = figures_.NominalRate = rate;
     raw_ = 0;
     first_ = first;
@@ -149,10 +155,6 @@ void LiveChannel::CorrectRate(double missing) {
     const double pace = std::clamp(missing / CorrectionTime, -FastestCorrection, FastestCorrection);
     const double trueRate = rate_ * (1 - clock_.Drift() / SamplesPerSecond);
     resampler_->CorrectRate(trueRate * SamplesPerSecond / (SamplesPerSecond + pace));
-}
-
-double LiveChannel::UsualLagWritten() const {
-    return UsualLag() + (resampler_ ? resampler_->Delay() * SamplesPerSecond : 0);
 }
 
 void LiveChannel::StoreIntervals(Long second) {

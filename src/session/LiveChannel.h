@@ -27,15 +27,20 @@ public:
     void Restart();
 
     /// From now on the monitor gives `rate` samples a second. What it gave before is finished. `first` is the
-    /// place of its first sample in samples of the session, not before the write index; what lies between is
-    /// lost.
+    /// place of its first sample in samples of the session; what lies between is lost, what is written
+    /// already stays.
     void Connect(double rate, double first);
+
+    /// The monitor's samples are not wanted for now.
+    void Disconnect();
+    bool Connected() const { return resampler_.has_value(); }
 
     /// Takes raw samples, NaN for a lost one. At the end of the buffer the rest is dropped.
     void Take(std::span<const float> raw);
 
-    /// Writes lost samples up to `end` samples in all, if there are not so many yet.
-    void FillWithLost(Long end);
+    /// The monitor gives nothing: writes what is still on its way from it, and then lost samples up to `end`
+    /// samples in all, if there are not so many yet.
+    void FillGap(Long end);
 
     /// Writes samples of 0 up to `end` samples in all: there is no monitor to ask.
     void FillWithZeros(Long end);
@@ -45,10 +50,8 @@ public:
     /// resampled so that the recording keeps the program's time.
     void KeepTime(Long now, double byClock);
 
-    /// By how many samples of the session the monitor runs behind the clock when all is well, and by how many
-    /// the samples written do.
+    /// By how many samples of the session the monitor runs behind the clock when all is well.
     double UsualLag() const { return clock_.UsualLag(); }
-    double UsualLagWritten() const;
 
     /// Stores the intervals up to `second`, those before it anew where they have changed.
     void StoreIntervals(Long second);
@@ -68,7 +71,7 @@ private:
     void CatchUpWithWriteIndex();
     void Put(float sample);
     void Analyse(float sample);
-    void FinishMonitor();
+    void FillWithLost(Long end);
     void CorrectRate(double missing);
 
     EcgBuffer& ecg_;

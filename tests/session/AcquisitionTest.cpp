@@ -65,6 +65,26 @@ TEST_F(Acquisition, AnHourInTwoChannelsKeepsTimeBeatsAndJournal) {
     EXPECT_NEAR(static_cast<double>(Journal().size()), 3600 * 2 * 128 * 4.0, 3600 * 2 * 250.0);
 }
 
+TEST_F(Acquisition, ChannelBCanJoinAndLeaveARecording) {
+    Monitor().Channels = 2;
+    Monitor().Rate = 250;
+    Record(20500);
+    for (const Boolean wanted : {On, Off, On}) {
+        ChannelBPresent = wanted;
+        Timers.Advance(20000);
+    }
+    EXPECT_EQ(RecordedSeconds, 80);
+    EXPECT_EQ(WriteIndexB, WriteIndexA);
+    for (const Long second : {35, 75}) {
+        EXPECT_NEAR(IbiB[second], 0.8, 0.004) << second;
+        for (Long i = (second - 1) * 128; i < second * 128; ++i)
+            ASSERT_NEAR(EcgB[i], EcgA[i], 3) << i;
+    }
+    EXPECT_EQ(IbiB[10], 1.0F);
+    EXPECT_EQ(IbiB[55], 1.0F);
+    EXPECT_EQ(EcgB[55 * 128], 0);
+}
+
 TEST_F(Acquisition, WhatIsComputedLiveIsWhatIsComputedFromTheStoredSession) {
     Record(120500);
     Press();

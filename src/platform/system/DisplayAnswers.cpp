@@ -58,4 +58,9 @@ bool DisplayAnswers() {
            WaylandDisplayAnswers(Environment("WAYLAND_DISPLAY"));
 }
 
+void PreferPlacedWindows() {
+    if (Environment("QT_QPA_PLATFORM").empty() && XDisplayAnswers(Environment("DISPLAY")))
+        ::setenv("QT_QPA_PLATFORM", "xcb;wayland", 1);
+}
+
 } // namespace pulselark

@@ -7,4 +7,9 @@ namespace pulselark {
 /// program with it.
 bool DisplayAnswers();
 
+/// Has the toolkit show windows through an X server where one answers, also one that a Wayland compositor
+/// brings along, unless the environment says on what: the scenery has to stand in its frame of the training,
+/// and Wayland lets no window choose its place.
+void PreferPlacedWindows();
+
 } // namespace pulselark
