@@ -58,7 +58,7 @@ RecordOutcome ReadSession(const BeatsOptions& options, std::vector<float>& sampl
 RecordOutcome ReadRecord(const std::string& headerFile, bool channelB, std::vector<float>& samples) {
     WfdbHeader header;
     std::vector<float> recorded;
-    const RecordOutcome outcome = ReadWfdbRecord(headerFile, channelB ? 1 : 0, header, recorded);
+    RecordOutcome outcome = ReadWfdbRecord(headerFile, channelB ? 1 : 0, header, recorded);
     if (outcome.Number != 0)
         return outcome;
     Resampler resampler(header.Rate);

@@ -45,7 +45,7 @@ RecordOutcome ReadWfdbChannels(const std::string& name, LiveRecord& record) {
     record.Channels.clear();
     for (std::size_t i = 0; i == 0 || i < std::min(header.Signals.size(), MostChannels); ++i) {
         record.Channels.emplace_back();
-        const RecordOutcome outcome = ReadWfdbRecord(name, i, header, record.Channels.back());
+        RecordOutcome outcome = ReadWfdbRecord(name, i, header, record.Channels.back());
         if (outcome.Number != 0)
             return outcome;
     }

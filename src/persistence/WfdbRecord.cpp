@@ -245,7 +245,7 @@ RecordOutcome ReadWfdbRecord(const std::string& name, std::size_t index, WfdbHea
     std::string bytes;
     if (const Integer failure = ThePlatform().Files.ReadWhole(name, bytes); failure != 0)
         return {{failure, 0}, {}};
-    if (const RecordOutcome outcome = ReadWfdbHeader(bytes, header); outcome.Number != 0)
+    if (RecordOutcome outcome = ReadWfdbHeader(bytes, header); outcome.Number != 0)
         return outcome;
     if (!Resampler::CanTake(header.Rate))
         return {{FailureOverflow, 0}, "only rates from 10 to 10000 samples a second are read"};

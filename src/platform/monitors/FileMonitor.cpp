@@ -49,7 +49,9 @@ std::size_t FileMonitor::SamplesDue() const {
 }
 
 bool FileMonitor::AtEnd() const {
-    return record_.Channels.empty() || SamplesDue() >= record_.Channels.front().size();
+    // The last second of a recording has time to be worked before the connection counts as lost.
+    const auto after = static_cast<std::size_t>(0.4 * record_.Rate);
+    return record_.Channels.empty() || SamplesDue() >= record_.Channels.front().size() + after;
 }
 
 bool FileMonitor::Read_Buff(Integer channel, std::vector<float>& samples) {
@@ -64,7 +66,7 @@ bool FileMonitor::Read_Buff(Integer channel, std::vector<float>& samples) {
                        all.begin() + static_cast<std::ptrdiff_t>(end));
         position = end;
     }
-    return end < all.size();
+    return !AtEnd();
 }
 
 void FileMonitor::CloseC2(Integer /*handle*/) {
