@@ -21,7 +21,7 @@ constexpr int QrsReach = 8, AheadFrom = 11, SlopeReach = 2; // of the slopes tha
 constexpr double Refractory = 0.2 * Rate;
 constexpr double LatestRevision = 0.266 * Rate;
 constexpr double RevisionGain = 0.2; // in logarithms of two envelopes
-constexpr double SearchBackAfter = 1.66, LowestSearchedScore = -0.85;
+constexpr double SearchBackAfter = 1.66, LowestSearchedScore = -0.5;
 constexpr float MonitorNoise = 10, LowestHeight = 2.3F; // panel units, and its logarithm
 constexpr double NeverABeat = -1000;                    // as a score
 constexpr double GapEdge = 0.12 * Rate, BesideGap = 0.25 * Rate;

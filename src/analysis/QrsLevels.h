@@ -19,7 +19,7 @@ struct QrsCandidate {
     double Score = 0; ///< logarithm of the odds that it is a beat
     Beat Found;
 
-    /// Both bands of a QRS together: P and T waves are lower in it than in either.
+    /// Of the bands at 11 and 22 Hz together: between a QRS and a P or T wave it differs more than the first.
     float Steepness() const { return Height[QrsSignal::Qrs] + Height[QrsSignal::Above]; }
 };
 
