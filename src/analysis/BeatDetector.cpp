@@ -14,15 +14,16 @@ constexpr int PeakReach = 9;      // that a peak of the envelope tops on each si
 constexpr int MarkReach = 9;      // from the envelope's peak to the QRS peak at most
 constexpr int BaselineReach = 20; // of the mean that an amplitude counts from
 constexpr double PolarityWeight = 0.15, PolarityPace = 0.1;
-constexpr int HeightReach = 4; // in which the three envelopes peak
-constexpr int RivalReach = 22; // within which only the highest peak counts
-constexpr int Wait = 37;       // from the QRS peak to the decision
+constexpr int HeightReach = 4;                              // in which the three envelopes peak
+constexpr int RivalReach = 22;                              // within which only the highest peak counts
+constexpr int Wait = 37;                                    // from the QRS peak to the decision
+constexpr int QrsReach = 8, AheadFrom = 11, SlopeReach = 2; // of the slopes that are compared
 constexpr double Refractory = 0.2 * Rate;
 constexpr double LatestRevision = 0.266 * Rate;
 constexpr double RevisionGain = 0.2; // in logarithms of two envelopes
-constexpr double SearchBackAfter = 1.66, LowestSearchedScore = -0.85;
-constexpr float LowestHeight = 2.3F; // logarithm; 10 panel units are noise of the monitor
-constexpr double NeverABeat = -1000; // as a score
+constexpr double SearchBackAfter = 1.66, LowestSearchedScore = -0.5;
+constexpr float MonitorNoise = 10, LowestHeight = 2.3F; // panel units, and its logarithm
+constexpr double NeverABeat = -1000;                    // as a score
 constexpr double GapEdge = 0.12 * Rate, BesideGap = 0.25 * Rate;
 constexpr std::int64_t LearningTime = 320, Silence = 1024;
 constexpr std::size_t MostRejected = 64;
@@ -119,11 +120,17 @@ void BeatDetector::Describe(QrsCandidate& candidate) const {
     for (float& value : candidate.Found.Shape)
         value -= static_cast<float>(sum / Beat::ShapeSize);
     candidate.Found.Doubtful = signal_.BesideGap(candidate.Mark, BesideGap);
-    const std::int64_t known = signal_.Count() - 1 - QrsSignal::Reach;
-    float ahead = 0;
-    for (std::int64_t k = candidate.Place + PeakReach + 1; k <= known; ++k)
-        ahead = std::max(ahead, signal_.Envelope(QrsSignal::Qrs, k));
-    candidate.Ahead = std::log(ahead + 1) - candidate.Height[QrsSignal::Qrs];
+    // The logarithm counts from the noise of the monitor.
+    const auto steepest = [this](std::int64_t from, std::int64_t to) {
+        float slope = 0;
+        for (std::int64_t k = from; k <= std::min(to, signal_.Count() - 1 - SlopeReach); ++k)
+            slope =
+                std::max(slope, std::abs(signal_.Sample(k + SlopeReach) - signal_.Sample(k - SlopeReach)));
+        return std::log(slope + MonitorNoise);
+    };
+    const std::int64_t mark = std::llrint(candidate.Mark);
+    candidate.Ahead = steepest(mark + AheadFrom, mark + Wait - SlopeReach) -
+                      steepest(candidate.Place - QrsReach, candidate.Place + QrsReach);
 }
 
 bool BeatDetector::Dominated(const QrsCandidate& candidate) const {
@@ -175,12 +182,10 @@ void BeatDetector::Accept(const QrsCandidate& candidate, bool searchedBack) {
 // it is what the next beats are to be compared with.
 bool BeatDetector::Revise(const QrsCandidate& candidate) {
     const double sinceLast = candidate.Mark - lastMark_;
-    const auto steepness = [](const QrsCandidate& wave) {
-        return wave.Height[QrsSignal::Qrs] + wave.Height[QrsSignal::Above];
-    };
-    if (sinceLast < 0 || sinceLast > LatestRevision || steepness(candidate) < steepness(last_) + RevisionGain)
+    if (sinceLast < 0 || sinceLast > LatestRevision ||
+        candidate.Steepness() < last_.Steepness() + RevisionGain)
         return false;
-    levels_.ReplaceBeat(last_, candidate);
+    levels_.ReplaceBeat(candidate);
     last_ = candidate;
     lastMark_ = candidate.Mark;
     return true;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t FirstBeats = 6; // that teach the normal shape
 constexpr std::size_t RecentBeats = 10;
-constexpr double StrangePace = 0.15, MostStrange = 0.68; // share of the last beats
+constexpr int MostStrange = 9; // of these
 // Agreement with the normal shape (BeatShapes).
 constexpr double Alike = 0.85, Unlike = 0.7, UnlikeInIrregular = 0.5;
 constexpr double Foreign = 0.2;     // that no normal beat has
@@ -18,7 +18,7 @@ constexpr double AlignedFrom = 0.4; // of a beat that is only shifted
 constexpr double LeastEctopic = 0.8, EctopicMargin = 0.1, EctopicMarginOutOfStep = -0.03;
 constexpr double LeastLag = 1.8; // samples, of a mark on another wave
 
-constexpr double Early = 0.82, EarlyUnlike = 0.92, LateUnlike = 1.12; // over the usual interval
+constexpr double Early = 0.85, EarlyUnlike = 0.9, LateUnlike = 1.12; // over the usual interval
 constexpr double RegularSpread = 0.07; // mean deviation of the usual intervals over their median
 // The share of intervals that differ from the one before; what the first beats show is not yet certain.
 constexpr double IrregularStep = 0.1, IrregularPace = 0.1, MostIrregular = 0.35, FirstShare = 0.7;
@@ -66,16 +66,21 @@ void IntervalSeries::LearnShape(const std::deque<Beat>& beats) {
         AddInterval(intervals[intervals.size() / 2]);
 }
 
-// Where most beats seem strange it is the idea of the normal one that is wrong.
+// Where almost all beats seem strange it is the idea of the normal one that is wrong. Not where it is two of
+// three, as in a rhythm of couplets.
 void IntervalSeries::WatchForLoss(const Beat& beat, BeatKind kind) {
-    recent_.push_back(beat);
+    recent_.push_back({beat, kind != BeatKind::Normal});
     if (recent_.size() > RecentBeats)
         recent_.pop_front();
-    strange_ += StrangePace * ((kind == BeatKind::Normal ? 0 : 1) - strange_);
-    if (strange_ < MostStrange || recent_.size() < RecentBeats)
+    if (std::count_if(recent_.begin(), recent_.end(), [](const Judged& b) { return b.Strange; }) <
+        MostStrange)
         return;
-    LearnShape(recent_);
-    strange_ = 0;
+    std::deque<Beat> beats;
+    for (Judged& judged : recent_) {
+        beats.push_back(judged.Found);
+        judged.Strange = false;
+    }
+    LearnShape(beats);
 }
 
 // A mark that went to another wave of the QRS than usual is put back where the shape of the normal beats has

@@ -58,6 +58,10 @@ private:
         BeatInterval Interval;
         bool Counts = false; // between two normal beats
     };
+    struct Judged {
+        Beat Found;
+        bool Strange = false; // not normal
+    };
     static constexpr std::size_t Kept = 8;
 
     void Settle(double nextTime);
@@ -80,8 +84,7 @@ private:
     std::deque<BeatInterval> final_; // not yet fetched
     std::vector<Known> known_;       // every final beat
     BeatShapes shapes_;
-    std::deque<Beat> recent_;      // the last final beats
-    double strange_ = 0;           // share of the last beats that are not normal
+    std::deque<Judged> recent_;    // the last final beats
     std::deque<double> intervals_; // the last ones of the normal rhythm, s
     double lastRaw_ = 0;           // of the last beat of normal shape, s; 0 after another one
     double irregular_ = 0;         // share of the last normal intervals that differ from the one before

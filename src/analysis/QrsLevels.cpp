@@ -13,16 +13,18 @@ constexpr int LongestLag = 3;              // samples between two marks of the s
 constexpr int ShapeFrom = 6, ShapeTo = 26; // part of the shape that is compared
 constexpr double RestPace = 0.1, TWavePace = 0.2;
 
+constexpr float BeatsSteepness = 1.1F; // by which a beat is less steep than the others at most, at first
+
 // Logistic regression, see the header; heights are natural logarithms.
-constexpr double Constant = 2.632;
-constexpr double PerBeatLevel = 3.0, PerBeatLevelSquared = 0.303;
-constexpr double PerRestLevel = 1.84, PerTWaveLevel = 1.581;
-constexpr double PerBandAbove = 2.263;
-constexpr double PerLikeness = -6.626, PerLikenessSquared = 9.192;
-constexpr double PerOtherLikeness = -1.021, PerOtherLikenessMean = -1.649;
-constexpr double PerInterval = 2.8, PerIntervalSquared = -0.181;
-constexpr double InTWave = -1.793, VeryEarly = -3.119;
-constexpr double PerAhead = -0.718;
+constexpr double Constant = 0.897;
+constexpr double PerBeatLevel = 0.551, PerBeatLevelAbove = 1.476;
+constexpr double PerRestLevel = 1.542;
+constexpr double PerBandAbove = 1.351;
+constexpr double PerLikeness = -5.99, PerLikenessSquared = 7.361;
+constexpr double PerInterval = 2.32, PerIntervalSquared = -0.579;
+constexpr double InTWave = -0.73, PerTWaveLevel = 0.815, PerBeatLevelInTWave = 0.895;
+constexpr double VeryEarly = -2.254;
+constexpr double PerAhead = -1.528;
 
 } // namespace
 
@@ -43,15 +45,19 @@ void QrsLevels::Learn(std::span<const QrsCandidate> candidates) {
     *this = {};
     if (candidates.empty())
         return;
-    std::vector<float> heights;
-    heights.reserve(candidates.size());
+    std::vector<const QrsCandidate*> steepest;
+    steepest.reserve(candidates.size());
     for (const QrsCandidate& candidate : candidates)
-        heights.push_back(candidate.Height[QrsSignal::Qrs]);
-    std::sort(heights.rbegin(), heights.rend());
-    const float top = heights[heights.size() > 2 ? 1 : 0];
+        steepest.push_back(&candidate);
+    std::sort(steepest.begin(), steepest.end(),
+              [](const auto* a, const auto* b) { return a->Steepness() > b->Steepness(); });
+    const QrsCandidate& typical = *steepest[steepest.size() > 2 ? 1 : 0];
+    const float top = typical.Height[QrsSignal::Qrs];
     heights_.Add(top);
+    aboveHeights_.Add(typical.Height[QrsSignal::Above]);
     for (const QrsCandidate& candidate : candidates)
-        (candidate.Height[QrsSignal::Qrs] > top - 0.6F ? beats_ : others_).Add(candidate.Found);
+        if (candidate.Steepness() > typical.Steepness() - BeatsSteepness)
+            beats_[beatCount_++ % Kept] = candidate.Found;
     restLevel_ = top - 2.5;
     tWaveLevel_ = top - 2;
 }
@@ -73,17 +79,12 @@ double QrsLevels::Correlation(const Beat& one, const Beat& other) {
     return best;
 }
 
-QrsLevels::Likeness QrsLevels::LikenessTo(const Shapes& shapes, const Beat& beat) {
-    Likeness likeness;
-    const std::size_t size = std::min(shapes.Count, Kept);
-    for (std::size_t i = 0; i < size; ++i) {
-        if (shapes.Values[i].Time == beat.Time)
-            continue; // itself, after learning
-        const double correlation = Correlation(beat, shapes.Values[i]);
-        likeness.Best = std::max(likeness.Best, correlation);
-        likeness.Mean += correlation / static_cast<double>(size);
-    }
-    return likeness;
+double QrsLevels::LikenessToBeats(const Beat& beat) const {
+    double best = 0;
+    for (std::size_t i = 0; i < std::min(beatCount_, Kept); ++i)
+        if (beats_[i].Time != beat.Time) // itself, after learning
+            best = std::max(best, Correlation(beat, beats_[i]));
+    return best;
 }
 
 double QrsLevels::Score(const QrsCandidate& candidate, double sinceLast) const {
@@ -91,17 +92,18 @@ double QrsLevels::Score(const QrsCandidate& candidate, double sinceLast) const {
     const double overBeats = std::clamp(height - heights_.Median(), -4.0, 2.0);
     const double overRest = std::clamp(height - restLevel_, -2.0, 5.0);
     const double above = static_cast<double>(candidate.Height[QrsSignal::Above]) - height;
-    const double like = LikenessTo(beats_, candidate.Found).Best;
-    const Likeness unlike = LikenessTo(others_, candidate.Found);
+    const double overBeatsAbove =
+        std::clamp<double>(candidate.Height[QrsSignal::Above] - aboveHeights_.Median(), -4.0, 2.0);
+    const double like = LikenessToBeats(candidate.Found);
     const double interval = std::log(std::clamp(sinceLast / UsualInterval(), 0.2, 2.0));
-    double score = Constant + PerBeatLevel * overBeats + PerBeatLevelSquared * overBeats * overBeats +
+    double score = Constant + PerBeatLevel * overBeats + PerBeatLevelAbove * overBeatsAbove +
                    PerRestLevel * overRest + PerBandAbove * above + PerLikeness * like +
-                   PerLikenessSquared * like * like + PerOtherLikeness * unlike.Best +
-                   PerOtherLikenessMean * unlike.Mean + PerInterval * interval +
+                   PerLikenessSquared * like * like + PerInterval * interval +
                    PerIntervalSquared * interval * interval +
-                   PerAhead * std::clamp<double>(candidate.Ahead, -4, 0.5);
+                   PerAhead * std::clamp<double>(candidate.Ahead, -3, 1);
     if (sinceLast < TWaveEnd)
-        score += InTWave + PerTWaveLevel * std::clamp(height - tWaveLevel_, -2.0, 4.0);
+        score += InTWave + PerTWaveLevel * std::clamp(height - tWaveLevel_, -2.0, 4.0) +
+                 PerBeatLevelInTWave * overBeats;
     if (sinceLast < 0.3 * Rate)
         score += VeryEarly;
     return score;
@@ -111,7 +113,8 @@ void QrsLevels::AddBeat(const QrsCandidate& candidate, double interval) {
     if (interval > 0)
         intervals_.Add(static_cast<float>(interval));
     heights_.Add(candidate.Height[QrsSignal::Qrs]);
-    beats_.Add(candidate.Found);
+    aboveHeights_.Add(candidate.Height[QrsSignal::Above]);
+    beats_[beatCount_++ % Kept] = candidate.Found;
 }
 
 void QrsLevels::AddOther(const QrsCandidate& candidate, double sinceLast) {
@@ -120,14 +123,12 @@ void QrsLevels::AddOther(const QrsCandidate& candidate, double sinceLast) {
         tWaveLevel_ += TWavePace * (height - tWaveLevel_);
     else
         restLevel_ += RestPace * (height - restLevel_);
-    others_.Add(candidate.Found);
 }
 
-void QrsLevels::ReplaceBeat(const QrsCandidate& wave, const QrsCandidate& beat) {
-    if (beats_.Count > 0)
-        --beats_.Count;
-    beats_.Add(beat.Found);
-    others_.Add(wave.Found);
+void QrsLevels::ReplaceBeat(const QrsCandidate& beat) {
+    if (beatCount_ > 0)
+        --beatCount_;
+    beats_[beatCount_++ % Kept] = beat.Found;
 }
 
 } // namespace pulselark

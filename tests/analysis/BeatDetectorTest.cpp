@@ -58,6 +58,19 @@ TEST(BeatDetectorTest, BeatsOfEitherPolarityOnAWanderingBaseline) {
     }
 }
 
+TEST(BeatDetectorTest, APWaveThatIsAlmostAsHighAsItsBeatIsNone) {
+    const auto beats = SteadyBeats(0.7, 0.8137, 60);
+    for (const double width : {0.02, 0.024}) {
+        auto samples = SignalWithBeats(beats, 60.5);
+        for (std::size_t i = 0; i < samples.size(); ++i)
+            for (const double beat : beats) {
+                const double t = static_cast<double>(i) / 128 - (beat - 0.21);
+                samples[i] += static_cast<float>(350 * std::exp(-t * t / (2 * width * width)));
+            }
+        ExpectBeats(samples, beats);
+    }
+}
+
 TEST(BeatDetectorTest, ABeatIsGivenOutWithinTheLookAhead) {
     const auto detection = Detect(SignalWithBeats(SteadyBeats(0.7, 0.8137, 60), 60.5));
     EXPECT_LE(detection.WorstDelay, BeatDetector::LookAhead);

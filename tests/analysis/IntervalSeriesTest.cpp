@@ -47,6 +47,24 @@ TEST(IntervalSeriesTest, AnEctopicBeatBendsNothing) {
         EXPECT_NEAR(series.MeanInterval(second), 0.8, 1e-5);
 }
 
+TEST(IntervalSeriesTest, InARhythmOfCoupletsTheNormalBeatStaysTheNormalOne) {
+    IntervalSeries series;
+    std::string expected;
+    double time = 0.5;
+    for (int i = 0; i < 40; ++i) {
+        series.Add(BeatAt(time));
+        expected += 'N';
+        if (i >= 8) {
+            series.Add(BeatAt(time + 0.5, true));
+            series.Add(BeatAt(time + 1, true));
+            expected += "EE";
+        }
+        time += i >= 8 ? 1.8 : 0.9;
+    }
+    std::vector<BeatInterval> intervals;
+    EXPECT_EQ(Kinds(series, intervals), expected);
+}
+
 TEST(IntervalSeriesTest, MissedBeatsAreInferred) {
     IntervalSeries series;
     for (int i = 0; i < 20; ++i)
