@@ -1,6 +1,8 @@
 #include "session/Recovery.h"
 
 #include "analysis/PanelDrawing.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/ggz.h"
 #include "persistence/FileMessages.h"
 #include "persistence/RecordingJournal.h"
 #include "persistence/SaveSession.h"
@@ -116,6 +118,11 @@ Integer RestoreRecording(const std::string& name) {
     PauseAsRecorded();
     GoOnWithJournal(name, bytes.substr(0, content.WholeBytes));
     ShowRestored();
+    if (TrainingActive != Off) {
+        FeedbackEnabled = Off; // its next level goes on with the recording
+        SetModeTips();
+        TickTraining();
+    }
     return 0;
 }
 

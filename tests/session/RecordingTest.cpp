@@ -1,11 +1,13 @@
 #include "session/Recording.h"
 
 #include "analysis/ColourSchemes.h"
+#include "analysis/InputCD.h"
 #include "persistence/OpenSession.h"
 #include "persistence/SaveSession.h"
 #include "session/Diagnostics.h"
 #include "session/Monitor.h"
 #include "session/RecordingTime.h"
+#include "session/RedrawPanels.h"
 #include "session/SessionButtons.h"
 #include "session/ShutDown.h"
 #include "support/LiveTest.h"
@@ -67,6 +69,17 @@ TEST_F(Recording, StartsAndStopsByTheButtonInEveryDetail) {
     ReleaseReplayButton(RightButton); // from its start
     Timers.Advance(1000);
     EXPECT_EQ(SessionTick, 2);
+}
+
+TEST_F(Recording, WhatStandsOnThePanelsAfterItsEndIsItsLastSecond) {
+    RecordAndStop(0);
+    EXPECT_TRUE(labNoSession.Visible); // nothing has come
+    RecordAndStop(12);
+    EXPECT_FALSE(labNoSession.Visible);
+    OpenAllPanels(true);
+    EXPECT_EQ(SessionTick, 1);
+    EXPECT_EQ(EcgViewState.LastSecondA, 12);
+    EXPECT_EQ(AnalysisSecond, 12);
 }
 
 TEST_F(Recording, FourSecondsAreTooFewForAReplayAndFiveEnough) {
