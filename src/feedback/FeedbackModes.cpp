@@ -94,8 +94,9 @@ bool ContinuesRecording() {
 
 // Whether the session in memory may go. A save that is cancelled, or fails, keeps it.
 bool MayDropUnsaved() {
-    const int answer = ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
-                                                   ButtonYes | ButtonNo | ButtonCancel);
+    const int answer =
+        ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording), ButtonYes | ButtonNo | ButtonCancel,
+                                    {MessageKind::Question, ButtonNo});
     if (answer == ButtonNo) {
         SessionUnsaved = Off;
         return true;

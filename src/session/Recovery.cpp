@@ -1,5 +1,6 @@
 #include "session/Recovery.h"
 
+#include "analysis/HRV.h"
 #include "analysis/PanelDrawing.h"
 #include "feedback/ModeSelector.h"
 #include "feedback/ggz.h"
@@ -60,6 +61,8 @@ void FillBuffers(const JournalContent& content) {
 
 void ShowRestored() {
     RescanSession(true);
+    CalcHrvA(); // no tick comes that would
+    CalcHrvB();
     ShowReportFields();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     SessionTick = 1;

@@ -239,6 +239,8 @@ TEST_F(Recording, TheProgramsEndClosesTheMonitorAndAsks) {
     EXPECT_EQ(SessionRunning, Off);
     EXPECT_EQ(Outside.Disk.Content.count(JournalFile), 1U); // the session is still there
     EXPECT_EQ(picReplay.Frame, FrameReplayRest);
+    EXPECT_EQ(labStatus.Caption, "noname<134>"); // who stays sees that it has ended
+    EXPECT_EQ(SessionTick, 1);
     Outside.Boxes.Answers = {ButtonNo};
     EXPECT_TRUE(ExitProgram());
     EXPECT_EQ(Outside.Disk.Content.count(JournalFile), 0U);
