@@ -11,6 +11,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/MonitorChoice.h"
 #include "session/Recording.h"
 #include "session/SessionButtons.h"
 #include "session/Settings.h"
@@ -158,6 +159,7 @@ void StartLiveLevel(int index) {
     SendPacerState(index, false);
     SendSceneryCommands(index, false);
     StartOrFadeMusic();
+    OfferMonitorChooser();
 }
 
 void StartOrStopSession(int index) {

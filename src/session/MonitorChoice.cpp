@@ -63,6 +63,11 @@ void OpenMonitorChooser() {
         NotAvailableTick();
 }
 
+void OfferMonitorChooser() {
+    if (!MonitorChosen() && DryTesting == Off)
+        OpenMonitorChooser();
+}
+
 void CloseMonitorChooser() {
     if (ChooserOpen == Off)
         return;

@@ -6,6 +6,7 @@
 #include "persistence/SaveSession.h"
 #include "session/Diagnostics.h"
 #include "session/Monitor.h"
+#include "session/MonitorChoice.h"
 #include "session/RecordingTime.h"
 #include "session/RedrawPanels.h"
 #include "session/SessionButtons.h"
@@ -128,6 +129,7 @@ TEST_F(Recording, WithoutAMonitorTheSessionStaysAsItWas) {
     MonitorName = "none";
     Press();
     EXPECT_EQ(labStatus.Caption, "<254>");
+    EXPECT_NE(ChooserOpen, Off); // what is missing can be chosen at once
     MonitorName = "fake";
     Monitor().Opens = false;
     Press();
