@@ -168,6 +168,8 @@ void StartOrStopSession(int index) {
     } else if (FeedbackEnabled == Off && !SomethingRuns()) {
         StopRecording();
         EndMidiChord();
+    } else if (FeedbackEnabled != Off && LevelWithEcgRuns() && SessionSeconds < 1) {
+        ShowStatus(LanguageText(TextNoSession)); // what the level follows has yet to be opened
     }
     if (index == 0 || !SomethingRuns())
         StopFeedback();
