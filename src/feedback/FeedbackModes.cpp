@@ -96,8 +96,8 @@ bool ContinuesRecording() {
 // Whether the session in memory may go. A save that is cancelled, or fails, keeps it.
 bool MayDropUnsaved() {
     const int answer =
-        ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording), ButtonYes | ButtonNo | ButtonCancel,
-                                    {MessageKind::Question, ButtonNo});
+        ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
+                                    ButtonYes | ButtonNo | ButtonCancel, {MessageKind::Question, ButtonNo});
     if (answer == ButtonNo) {
         SessionUnsaved = Off;
         return true;

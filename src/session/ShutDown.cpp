@@ -36,7 +36,8 @@ void EndRecording() {
     SessionRunning = Off;
     timLedBlink.Enabled = false;
     EndConnection();
-    ShowStatus(SessionName + LanguageText(TextRecordingStopped)); // who stays after all sees that it has ended
+    ShowStatus(SessionName +
+               LanguageText(TextRecordingStopped)); // who stays after all sees that it has ended
     SessionTick = 1;
     if (TrainingActive != Off)
         EndModes();
