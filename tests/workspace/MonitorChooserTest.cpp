@@ -71,6 +71,7 @@ TEST_F(MonitorChooser, StaysInReachWhateverItHolds) {
     const QRect place(confirm.mapTo(Form, QPoint(0, 0)), confirm.size());
     EXPECT_TRUE(Form->rect().contains(place)) << "not where it would have to be scrolled to";
     Form->activateWindow();
+    QApplication::processEvents();
     Named<QLineEdit>(*Form, "option_rate").setFocus(Qt::MouseFocusReason);
     Named<QLineEdit>(*Form, "option_depth").setFocus(Qt::TabFocusReason);
     const QWidget& ring = FocusRing::Of(Form);
