@@ -52,6 +52,12 @@ double PlotLeft(const Surface& panel) {
     return panel.TextWidth("100%**");
 }
 
+// Where the panel's edge would cut the unit it stands above its number; no curve runs there.
+void PrintUnitAbove(Surface& panel, const std::string& unit) {
+    const double row = panel.TextHeight("0");
+    panel.Print(panel.Width() - panel.TextWidth(unit), 2 * row, unit);
+}
+
 void DrawTimeAxis(Surface& panel, const CoherenceView& view) {
     constexpr int Ticks = 18;
     constexpr double NarrowWidth = 240;
@@ -67,7 +73,11 @@ void DrawTimeAxis(Surface& panel, const CoherenceView& view) {
         if (n % labelled != 0)
             continue;
         const std::string number = FormatTenths(n / 10.0, false);
-        panel.Print(x - panel.TextWidth(number) / 2, textHeight, n == unitTick ? number + view.Unit : number);
+        const double start = x - panel.TextWidth(number) / 2;
+        const bool unitFits = start + panel.TextWidth(number + view.Unit) <= panel.Width();
+        panel.Print(start, textHeight, n == unitTick && unitFits ? number + view.Unit : number);
+        if (n == unitTick && !unitFits)
+            PrintUnitAbove(panel, view.Unit);
     }
 }
 

@@ -146,8 +146,9 @@ void OpenEcgPanel(bool redraw) {
     SetPanelFont(*picIA);
     EcgPixelUnit =
         std::max(0.0, picIA->Width() - picIA->TextWidth("00:00") - picIA->TextWidth("+500mV")) / 4096;
+    // The second that stands there, as in the other panels; the cursor may have gone back to the start.
     if (redraw)
-        RedrawEcg(*picIA, *picIB, SessionTick);
+        RedrawEcg(*picIA, *picIB, EcgViewState.LastSecondA > 0 ? EcgViewState.LastSecondA : SessionTick);
 }
 
 } // namespace pulselark

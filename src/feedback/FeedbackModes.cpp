@@ -11,6 +11,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/MonitorChoice.h"
 #include "session/Recording.h"
 #include "session/SessionButtons.h"
 #include "session/Settings.h"
@@ -94,8 +95,9 @@ bool ContinuesRecording() {
 
 // Whether the session in memory may go. A save that is cancelled, or fails, keeps it.
 bool MayDropUnsaved() {
-    const int answer = ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
-                                                   ButtonYes | ButtonNo | ButtonCancel);
+    const int answer =
+        ThePlatform().Messages.Show(LanguageText(TextSaveBeforeRecording),
+                                    ButtonYes | ButtonNo | ButtonCancel, {MessageKind::Question, ButtonNo});
     if (answer == ButtonNo) {
         SessionUnsaved = Off;
         return true;
@@ -157,6 +159,7 @@ void StartLiveLevel(int index) {
     SendPacerState(index, false);
     SendSceneryCommands(index, false);
     StartOrFadeMusic();
+    OfferMonitorChooser();
 }
 
 void StartOrStopSession(int index) {
@@ -165,6 +168,8 @@ void StartOrStopSession(int index) {
     } else if (FeedbackEnabled == Off && !SomethingRuns()) {
         StopRecording();
         EndMidiChord();
+    } else if (FeedbackEnabled != Off && LevelWithEcgRuns() && SessionSeconds < 1) {
+        ShowStatus(LanguageText(TextNoSession)); // what the level follows has yet to be opened
     }
     if (index == 0 || !SomethingRuns())
         StopFeedback();

@@ -95,9 +95,11 @@ void ComeBack(Long now) {
     LetFeedbackGoOn();
 }
 
-// What the monitor says while nothing has come from it yet.
-void ShowWaiting() {
+// What the monitor says while nothing has come from it yet; in time also that it says nothing.
+void ShowWaiting(bool silent) {
     const std::string said = MonitorText();
+    if (said.empty() && !silent)
+        return;
     const std::string text = said.empty() ? LanguageText(TextMonitorWaiting) : said;
     if (text != waitingText)
         ShowStatus(text);
@@ -133,8 +135,8 @@ void WatchConnection(Long now, bool connected, bool samplesCame) {
     const bool saysSo = !connected && samplesHaveCome;
     if (ConnectionLost == Off && (silent || saysSo))
         Lose(now);
-    if (!samplesHaveCome && silent)
-        ShowWaiting();
+    if (!samplesHaveCome)
+        ShowWaiting(silent);
     if (ConnectionLost != Off)
         TryAgain(now, connected);
 }

@@ -1,6 +1,7 @@
 #include "session/MonitorChoice.h"
 
 #include "base/Text.h"
+#include "persistence/AppSettings.h"
 #include "platform/Platform.h"
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
@@ -62,12 +63,20 @@ void OpenMonitorChooser() {
         NotAvailableTick();
 }
 
+void OfferMonitorChooser() {
+    if (!MonitorChosen() && DryTesting == Off)
+        OpenMonitorChooser();
+}
+
 void CloseMonitorChooser() {
     if (ChooserOpen == Off)
         return;
     ChooserOpen = Off;
     timNA.Enabled = false;
     PointAtDsu(-1);
+    if (MonitorChosen() && labStatus.Caption == LanguageText(TextNoMonitorChosen))
+        ShowStatus(LanguageText(TextReady));
+    SaveAppSettings(); // a monitor once chosen outlasts a power cut
     const Integer failure = ThePlatform().EcgMonitors.KeepOptions();
     if (failure != 0)
         ThePlatform().Messages.Show(LanguageText(TextMonitorOptionsNotKept) + std::to_string(failure),

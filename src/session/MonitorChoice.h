@@ -30,7 +30,9 @@ extern Boolean ChooserOpen;                         ///< `frmSelectDSU` is to be
 bool MonitorChosen();
 
 void OpenMonitorChooser();
-/// Keeps the monitors' options for the next start, and hides the chooser. A failure is told.
+/// After a press that was to start a recording: opens the chooser if none is chosen that could.
+void OfferMonitorChooser();
+/// Keeps the choice and the monitors' options for the next start, and hides the chooser. A failure is told.
 void CloseMonitorChooser();
 
 /// The press of `picDSU` 0, 1 or 2: "C2PP", or "C2" with the Shift key; "Vilistus"; "Not available", a place

@@ -5,6 +5,7 @@
 #include "session/LanguageTable.h"
 #include "session/MainBuffers.h"
 #include "session/MainControls.h"
+#include "session/MonitorChoice.h"
 #include "session/Recording.h"
 
 namespace pulselark {
@@ -33,6 +34,7 @@ void ReleaseRecordButton(MouseButton button) {
         if (timReplay.Enabled)
             EndReplay(); // its cursor is the recording's
         StartRecording();
+        OfferMonitorChooser();
     }
     ResetQuickScan();
 }

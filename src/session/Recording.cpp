@@ -121,6 +121,7 @@ void StopRecording() {
         picStop.Frame = FrameStopRest;
     }
     SessionTick = 1; // a replay begins where the recording began
+    labNoSession.Visible = SessionSeconds < 1;
 }
 
 void FillResumeGap() {

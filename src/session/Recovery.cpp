@@ -1,6 +1,9 @@
 #include "session/Recovery.h"
 
+#include "analysis/HRV.h"
 #include "analysis/PanelDrawing.h"
+#include "feedback/ModeSelector.h"
+#include "feedback/ggz.h"
 #include "persistence/FileMessages.h"
 #include "persistence/RecordingJournal.h"
 #include "persistence/SaveSession.h"
@@ -58,6 +61,8 @@ void FillBuffers(const JournalContent& content) {
 
 void ShowRestored() {
     RescanSession(true);
+    CalcHrvA(); // no tick comes that would
+    CalcHrvB();
     ShowReportFields();
     labChannelMode.Caption = LanguageText(TextChannelModeBase + ChannelMode);
     SessionTick = 1;
@@ -118,6 +123,11 @@ Integer RestoreRecording(const std::string& name) {
     PauseAsRecorded();
     GoOnWithJournal(name, bytes.substr(0, content.WholeBytes));
     ShowRestored();
+    if (TrainingActive != Off) {
+        FeedbackEnabled = Off; // its next level goes on with the recording
+        SetModeTips();
+        TickTraining();
+    }
     return 0;
 }
 

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace pulselark {
 
@@ -33,6 +34,22 @@ bool PanelsStandStill() {
 void DrawCoherence() {
     DrawCoherenceA();
     DrawCoherenceB();
+}
+
+// What a label says of the session, behind its name or alone, in the language that has been chosen.
+void SayAnew(Label& label, Integer before) {
+    constexpr std::array<int, 12> Texts{
+        TextReady,          TextNoMonitorChosen, TextRecording,      TextRecordingStopped,
+        TextReplay,         TextReplayEnded,     TextSaved,          TextRecovered,
+        TextConnectionLost, TextConnectionLamp,  TextMonitorWaiting, TextRecordingAutoEnded};
+    std::string& caption = label.Caption;
+    for (const int text : Texts) {
+        const std::string old = LanguageTable(before, text);
+        if (old.empty() || !caption.ends_with(old))
+            continue;
+        caption.replace(caption.size() - old.size(), old.size(), LanguageText(text));
+        return;
+    }
 }
 
 void LayOutPanels() {
@@ -186,8 +203,11 @@ void SetColourScheme(int scheme) {
 }
 
 void ChooseLanguage(int language) {
-    if (language >= 0 && language < NamedLanguageCount)
-        LanguageIndex = static_cast<Integer>(language);
+    if (language < 0 || language >= NamedLanguageCount)
+        return;
+    const Integer before = std::exchange(LanguageIndex, static_cast<Integer>(language));
+    SayAnew(labStatus, before);
+    SayAnew(labConnection, before);
 }
 
 void SwitchBiofeedback() {

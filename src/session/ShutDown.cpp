@@ -1,6 +1,7 @@
 #include "session/ShutDown.h"
 
 #include "feedback/MIDI_OUT.h"
+#include "feedback/ModeSelector.h"
 #include "feedback/SendAppData.h"
 #include "feedback/WMPPlay.h"
 #include "persistence/AppSettings.h"
@@ -35,6 +36,11 @@ void EndRecording() {
     SessionRunning = Off;
     timLedBlink.Enabled = false;
     EndConnection();
+    ShowStatus(SessionName +
+               LanguageText(TextRecordingStopped)); // who stays after all sees that it has ended
+    SessionTick = 1;
+    if (TrainingActive != Off)
+        EndModes();
     RefreshSessionButtons(true);
 }
 

@@ -89,6 +89,8 @@ void ChooseTrainingSource(bool stored) {
     labBFStart.Visible = false;
     FeedbackEnabled = ToBoolean(stored);
     SetModeTips();
+    if (!stored && labStatus.Caption == LanguageText(TextNoSession))
+        ShowStatus(LanguageText(TextReady)); // the monitor needs none
 }
 
 void ClickTrainingSettings() {

@@ -8,7 +8,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScreen>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace pulselark {
 
@@ -75,7 +78,19 @@ void FloatingForm::showEvent(QShowEvent* event) {
     placed_ = true;
     if (const QWidget* owner = parentWidget(); owner != nullptr && owner->isVisible())
         move(owner->window()->frameGeometry().center() - rect().center());
+    KeepOnScreen();
     FadeIn(*this, DialogTime, DialogRise);
+}
+
+void FloatingForm::KeepOnScreen() {
+    if (screen() == nullptr)
+        return;
+    const QRect room = screen()->availableGeometry();
+    const QPoint last(std::max(room.left(), room.left() + room.width() - width()),
+                      std::max(room.top(), room.top() + room.height() - height()));
+    const QPoint place(std::clamp(x(), room.left(), last.x()), std::clamp(y(), room.top(), last.y()));
+    if (place != pos())
+        move(place);
 }
 
 // The desktop moves the window; where it has nobody who does, the window follows the mouse by itself.

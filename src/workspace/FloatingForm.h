@@ -19,6 +19,8 @@ public:
 protected:
     /// Only the uppermost rows of pixels drag the window, and stand on a white title row with a line below.
     void SetTitleRow(int height) { titleRow_ = height; }
+    /// Moves the window back to where its screen shows all of it, or at least its title.
+    void KeepOnScreen();
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

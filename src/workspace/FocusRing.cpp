@@ -2,6 +2,7 @@
 
 #include "workspace/Look.h"
 
+#include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
@@ -17,6 +18,20 @@ namespace {
 constexpr int Reach = 4; // a line of 2 at a distance of 2
 constexpr const char* RadiusProperty = "ringRadius";
 constexpr const char* GroundProperty = "ringGround";
+
+// The innermost widget around the control that has room for the ring: it scrolls with the control and is not
+// cut at the edge of a box of fields.
+QWidget* HostOnForm(QWidget* control) {
+    QWidget* host = control->parentWidget();
+    const auto hasRoom = [control](const QWidget* widget) {
+        const QRect ring(control->mapTo(widget, QPoint(0, 0)), control->size());
+        return widget->rect().contains(ring.adjusted(-Reach, -Reach, Reach, Reach));
+    };
+    while (!hasRoom(host) && host->parentWidget() != nullptr && !host->isWindow() &&
+           qobject_cast<QAbstractScrollArea*>(host->parentWidget()->parentWidget()) == nullptr)
+        host = host->parentWidget();
+    return host;
+}
 
 // The bars are dark in every scheme, so the dark ring of the light schemes would not be seen on them.
 QColor RingColour(Ground ground) {
@@ -68,11 +83,11 @@ void FocusRing::WatchSideWindow() {
     }
 }
 
-// On a form the ring scrolls with the control; in the main window it may reach over the edge of a bar.
+// In the main window the ring may reach over the edge of a bar.
 void FocusRing::PlaceAround(QWidget* control) {
     radius_ = control->property(RadiusProperty).toInt();
     ground_ = static_cast<Ground>(control->property(GroundProperty).toInt());
-    QWidget* host = ground_ == Ground::Form ? control->parentWidget() : control->window();
+    QWidget* host = ground_ == Ground::Form ? HostOnForm(control) : control->window();
     if (parentWidget() != host)
         setParent(host);
     const QPoint corner = control->mapTo(host, QPoint(0, 0));

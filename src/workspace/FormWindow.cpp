@@ -172,6 +172,15 @@ QVBoxLayout* FormWindow::AddColumn() {
     return cards;
 }
 
+QHBoxLayout* FormWindow::AddFoot() {
+    foot_ = new QWidget(this);
+    auto* row = new QHBoxLayout(foot_);
+    row->setContentsMargins(24, 12, 24, 20);
+    body_->layout()->setContentsMargins(24, 16, 24, 4);
+    layout()->addWidget(foot_);
+    return row;
+}
+
 void FormWindow::FitToScreen() {
     // New sizes make their way up one floor at a time; here they are wanted now.
     const auto parts = body_->findChildren<QWidget*>();
@@ -183,11 +192,13 @@ void FormWindow::FitToScreen() {
     body_->layout()->activate();
     // What cannot be squeezed may be higher than what would do.
     QSize wanted = body_->sizeHint().expandedTo(body_->minimumSizeHint());
-    wanted.rheight() += TitleRow;
+    wanted.rheight() += TitleRow + (foot_ != nullptr ? foot_->sizeHint().height() : 0);
     const int height = RoomFor(*this, wanted).height();
     if (height < wanted.height()) // the scroll bar takes its room from the body
         wanted.rwidth() += scroll_->verticalScrollBar()->sizeHint().width();
     resize(RoomFor(*this, wanted).width(), height);
+    if (isVisible())
+        KeepOnScreen();
     // The scroll area hears of new sizes only where the window changes its own.
     body_->resize(scroll_->viewport()->size().expandedTo(body_->minimumSizeHint()));
 }

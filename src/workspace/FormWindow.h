@@ -4,6 +4,7 @@
 
 class QLabel;
 class QScrollArea;
+class QHBoxLayout;
 class QVBoxLayout;
 
 namespace pulselark {
@@ -55,6 +56,8 @@ public:
 protected:
     /// Adds a column of cards at the right.
     QVBoxLayout* AddColumn();
+    /// Adds the row below the columns, which stays in reach where they scroll.
+    QHBoxLayout* AddFoot();
     QWidget* Body() const { return body_; }
     FocusRing& Ring() const { return *ring_; }
     /// Sizes the window for what it holds, as far as the screen goes.
@@ -66,6 +69,7 @@ private:
     ActionButton* close_;
     QScrollArea* scroll_;
     QWidget* body_;
+    QWidget* foot_ = nullptr;
     FocusRing* ring_;
 };
 

@@ -132,11 +132,15 @@ void SourceSwitch::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(body, 6, 6);
     for (const int half : {0, 1}) {
         const bool chosen = (half == 0) == stored_;
+        // The one that is in force can be read also where it cannot be changed.
+        if (!isEnabled())
+            painter.setOpacity(chosen ? 0.65 : 0.38);
         QRectF plate(half * width() / 2.0, 0, width() / 2.0, height());
         if (chosen) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(TrainingColour::Ink);
             painter.drawRoundedRect(plate.adjusted(3, 3, -3, -3), 4, 4);
+            painter.setOpacity(1);
             PaintTick(painter, QRectF(plate.left() + SwitchPadding - 4, plate.center().y() - 9, 18, 18),
                       Qt::white);
             plate.adjust(TickRoom, 0, 0, 0);

@@ -92,6 +92,7 @@ void frmDiagnostics::AddFigure(FormCard* card, int name, std::function<QString()
     row->setFixedHeight(RowHeight);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(16);
     auto* caption = new QLabel(row);
     auto* value = new QLabel(row);
     value->setFont(TextFont(13, 500));
@@ -112,6 +113,10 @@ void frmDiagnostics::Retranslate() {
     for (const Figure& figure : figures_) {
         figure.Caption->setText(Text(figure.Name));
         figure.Value->setAccessibleName(Text(figure.Name));
+        if (times_->isAncestorOf(figure.Value)) { // room for what may come
+            const QString widest = "0000 ms  " + Text(TextAtMost).arg("0000 ms");
+            figure.Value->setMinimumWidth(figure.Value->fontMetrics().horizontalAdvance(widest));
+        }
     }
     ReadFigures();
     FitToScreen();

@@ -44,7 +44,7 @@ frmSelectDSU::frmSelectDSU(QWidget* owner, Runner run)
     BuildRows(column);
     column = AddColumn();
     BuildOptions(column);
-    BuildEnd(column);
+    BuildEnd();
     Retranslate();
 }
 
@@ -98,22 +98,20 @@ void frmSelectDSU::BuildOptions(QVBoxLayout* column) {
     column->addWidget(chosen_, 1);
 }
 
-void frmSelectDSU::BuildEnd(QVBoxLayout* column) {
-    labS_ = new QLabel(column->parentWidget());
+void frmSelectDSU::BuildEnd() {
+    QHBoxLayout* end = AddFoot();
+    labS_ = new QLabel(this);
     labS_->setObjectName("labS");
     labS_->setFont(TextFont(14, 500));
-    labOK_ = NewSideButton("labOK", column->parentWidget());
+    labOK_ = NewSideButton("labOK", this);
     MakeMainButton(labOK_);
     QSizePolicy policy = labOK_->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     labOK_->setSizePolicy(policy);
     Ring().Watch(labOK_, 6);
     connect(labOK_, &QAbstractButton::clicked, this, &QWidget::hide);
-    auto* end = new QHBoxLayout;
-    end->setContentsMargins(20, 0, 0, 0);
     end->addWidget(labS_, 1);
     end->addWidget(labOK_);
-    column->addLayout(end);
 }
 
 void frmSelectDSU::Mirror() {

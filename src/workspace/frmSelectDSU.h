@@ -37,7 +37,7 @@ private:
     void BuildPictures(QVBoxLayout* column);
     void BuildRows(QVBoxLayout* column);
     void BuildOptions(QVBoxLayout* column);
-    void BuildEnd(QVBoxLayout* column);
+    void BuildEnd();
     void ShowChosen();
 
     Runner run_;

@@ -46,7 +46,10 @@ protected:
             if (w < 240 ? n % 4 != 0 : w < 440 && n % 2 != 0)
                 continue;
             const std::string number = std::to_string(n / 10) + "." + std::to_string(n % 10);
-            axes.Texts.push_back({x - 9, TH, n == unitAt ? number + unit : number});
+            const bool whole = n == unitAt && x - 9 + Wide(number + unit) <= w;
+            axes.Texts.push_back({x - 9, TH, whole ? number + unit : number});
+            if (n == unitAt && !whole) // the edge would cut it
+                axes.Texts.push_back({w - Wide(unit), 2 * TH, unit});
         }
         const double count = std::nearbyint(12000 / CoherenceGain);
         const int step = StepOf(12, h / count);

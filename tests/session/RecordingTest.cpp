@@ -1,11 +1,14 @@
 #include "session/Recording.h"
 
 #include "analysis/ColourSchemes.h"
+#include "analysis/InputCD.h"
 #include "persistence/OpenSession.h"
 #include "persistence/SaveSession.h"
 #include "session/Diagnostics.h"
 #include "session/Monitor.h"
+#include "session/MonitorChoice.h"
 #include "session/RecordingTime.h"
+#include "session/RedrawPanels.h"
 #include "session/SessionButtons.h"
 #include "session/ShutDown.h"
 #include "support/LiveTest.h"
@@ -69,6 +72,17 @@ TEST_F(Recording, StartsAndStopsByTheButtonInEveryDetail) {
     EXPECT_EQ(SessionTick, 2);
 }
 
+TEST_F(Recording, WhatStandsOnThePanelsAfterItsEndIsItsLastSecond) {
+    RecordAndStop(0);
+    EXPECT_TRUE(labNoSession.Visible); // nothing has come
+    RecordAndStop(12);
+    EXPECT_FALSE(labNoSession.Visible);
+    OpenAllPanels(true);
+    EXPECT_EQ(SessionTick, 1);
+    EXPECT_EQ(EcgViewState.LastSecondA, 12);
+    EXPECT_EQ(AnalysisSecond, 12);
+}
+
 TEST_F(Recording, FourSecondsAreTooFewForAReplayAndFiveEnough) {
     RecordAndStop(4);
     EXPECT_EQ(RecordedSeconds, 4);
@@ -115,6 +129,7 @@ TEST_F(Recording, WithoutAMonitorTheSessionStaysAsItWas) {
     MonitorName = "none";
     Press();
     EXPECT_EQ(labStatus.Caption, "<254>");
+    EXPECT_NE(ChooserOpen, Off); // what is missing can be chosen at once
     MonitorName = "fake";
     Monitor().Opens = false;
     Press();
@@ -238,6 +253,8 @@ TEST_F(Recording, TheProgramsEndClosesTheMonitorAndAsks) {
     EXPECT_EQ(SessionRunning, Off);
     EXPECT_EQ(Outside.Disk.Content.count(JournalFile), 1U); // the session is still there
     EXPECT_EQ(picReplay.Frame, FrameReplayRest);
+    EXPECT_EQ(labStatus.Caption, "noname<134>"); // who stays sees that it has ended
+    EXPECT_EQ(SessionTick, 1);
     Outside.Boxes.Answers = {ButtonNo};
     EXPECT_TRUE(ExitProgram());
     EXPECT_EQ(Outside.Disk.Content.count(JournalFile), 0U);

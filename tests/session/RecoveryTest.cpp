@@ -1,5 +1,6 @@
 #include "session/Recovery.h"
 
+#include "feedback/FeedbackModes.h"
 #include "persistence/RecordingJournal.h"
 #include "persistence/SaveSession.h"
 #include "session/JournalKeeper.h"
@@ -72,6 +73,19 @@ TEST_F(Recovery, AKilledRecordingComesBackAndIsContinued) {
     EXPECT_EQ(LastFileResult, FileSuccess);
     EXPECT_TRUE(LeftRecordings().empty());
     EXPECT_EQ(Outside.Disk.Content.count(JournalFile), 0U);
+}
+
+TEST_F(Recovery, InTrainingItsNextLevelGoesOnWithTheRecording) {
+    Record(40000);
+    Kill();
+    TrainingActive = On;
+    FeedbackEnabled = On; // as a start sets it
+    Outside.Boxes.Answers = {ButtonYes, ButtonNo};
+    OfferLeftRecording();
+    ClickModeButton(2, LeftButton);
+    Timers.Advance(3500);
+    EXPECT_NE(SessionRunning, Off);
+    EXPECT_EQ(RecordedSeconds, 40 + 5 + 3);
 }
 
 TEST_F(Recovery, KilledInAnyTickNoMoreThanASecondIsMissing) {

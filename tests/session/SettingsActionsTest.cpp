@@ -115,6 +115,16 @@ TEST_F(SettingsActions, NumbersThatAreNoneOfTheFormDoNothing) {
     EXPECT_EQ(ChannelMode, 2);
 }
 
+TEST_F(SettingsActions, TheStatusLineFollowsTheLanguage) {
+    LanguageTable(0, TextRecordingStopped) = " - stopped";
+    LanguageTable(1, TextRecordingStopped) = " - gestoppt";
+    labStatus.Caption = "noname - stopped";
+    labConnection.Caption = "of another";
+    ChooseLanguage(1);
+    EXPECT_EQ(labStatus.Caption, "noname - gestoppt");
+    EXPECT_EQ(labConnection.Caption, "of another");
+}
+
 TEST_F(SettingsActions, TheRateOfTheCoherenceComesAndGoesOnBothPanels) {
     OpenCoherence();
     for (const bool shown : {false, true}) {

@@ -1,5 +1,6 @@
 #include "session/MainBuffers.h"
 #include "session/MonitorChoice.h"
+#include "workspace/FocusRing.h"
 #include "workspace/MonitorCards.h"
 #include "workspace/SideWindowsTest.h"
 #include "workspace/WindowTest.h"
@@ -10,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScreen>
 
 namespace pulselark {
 namespace {
@@ -59,6 +61,22 @@ TEST_F(MonitorChooser, PressesChooseAndOnlyARealChoiceCanBeConfirmed) {
     Click(*Form, "labOK");
     EXPECT_FALSE(Form->isVisible());
     EXPECT_EQ(ChooserOpen, Off);
+}
+
+TEST_F(MonitorChooser, StaysInReachWhateverItHolds) {
+    Form->move(-300, 700);
+    Row(0).click(); // its options make the form higher
+    EXPECT_TRUE(Form->screen()->availableGeometry().contains(Form->geometry()));
+    const auto& confirm = Named<QPushButton>(*Form, "labOK");
+    const QRect place(confirm.mapTo(Form, QPoint(0, 0)), confirm.size());
+    EXPECT_TRUE(Form->rect().contains(place)) << "not where it would have to be scrolled to";
+    Form->activateWindow();
+    QApplication::processEvents();
+    Named<QLineEdit>(*Form, "option_rate").setFocus(Qt::MouseFocusReason);
+    Named<QLineEdit>(*Form, "option_depth").setFocus(Qt::TabFocusReason);
+    const QWidget& ring = FocusRing::Of(Form);
+    ASSERT_TRUE(ring.isVisible());
+    EXPECT_TRUE(ring.parentWidget()->rect().contains(ring.geometry())) << "cut at the edge of the fields";
 }
 
 TEST_F(MonitorChooser, OptionsAreWrittenCheckedAndKept) {
