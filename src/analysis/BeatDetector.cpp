@@ -168,13 +168,15 @@ void BeatDetector::Decide(const QrsCandidate& candidate) {
 
 void BeatDetector::Accept(const QrsCandidate& candidate, bool searchedBack) {
     const double interval = candidate.Mark - lastMark_;
-    const bool usable = interval < 3 * Rate && !signal_.GapSince(lastMark_);
+    const bool afterGap = signal_.GapBetween(lastMark_, candidate.Mark);
+    const bool usable = interval < 3 * Rate && !afterGap;
     levels_.AddBeat(candidate, usable ? interval : 0);
     polarity_ += PolarityPace * ((candidate.Found.Amplitude < 0 ? -1 : 1) - polarity_);
     last_ = candidate;
     lastMark_ = candidate.Mark;
     found_.push_back(candidate.Found);
     found_.back().Doubtful = candidate.Found.Doubtful || searchedBack;
+    found_.back().AfterGap = afterGap;
     rejected_.clear();
 }
 

@@ -183,8 +183,10 @@ bool IntervalSeries::GoOn(const Beat& beat, BeatInterval& interval) {
     const double parts = std::max(1.0, std::round(sinceNormal / usual)), part = sinceNormal / parts;
     const bool missed = parts > 1 && parts <= MostMissed + 1.0 && Regular() && !Irregular() &&
                         std::abs(part / usual - 1) < MissedInStep;
-    const bool counts =
-        !broken_ && sinceNormal_ == 0 && sinceNormal > 0 && !missed && interval.Raw < LongestInterval;
+    // Nobody knows what was lost, unless the rhythm goes on as if nothing was.
+    const bool overGap = beat.AfterGap && sinceNormal_ == 0 && !missed && !Plausible(sinceNormal);
+    const bool counts = !broken_ && sinceNormal_ == 0 && sinceNormal > 0 && !missed && !overGap &&
+                        interval.Raw < LongestInterval;
     const bool aroundOthers = !broken_ && sinceNormal_ > 0 && std::abs(part / usual - 1) < InStep;
     if (!broken_ && sinceNormal_ == 0 && missed) {
         InferMissed(interval.Raw, static_cast<std::size_t>(parts) - 1);
@@ -194,6 +196,8 @@ bool IntervalSeries::GoOn(const Beat& beat, BeatInterval& interval) {
         interval.Corrected = static_cast<float>(corrected);
         AddInterval(corrected);
     }
+    if (overGap)
+        interval.Kind = BeatKind::Untrusted;
     WatchRhythm(counts ? sinceNormal : 0);
     shapes_.AddNormal(beat);
     lastNormal_ = aligned;
@@ -227,7 +231,8 @@ std::optional<BeatInterval> IntervalSeries::Next() {
 double IntervalSeries::Provisional(std::size_t index) const {
     if (index > 0) {
         const double raw = waiting_[index].Time - waiting_[index - 1].Time;
-        return raw > ShortestProvisional && raw < LongestProvisional ? raw : 0;
+        const bool overGap = waiting_[index].AfterGap && !Plausible(raw);
+        return raw > ShortestProvisional && raw < LongestProvisional && !overGap ? raw : 0;
     }
     if (lastNormal_ < 0 || sinceNormal_ > 0)
         return 0;

@@ -31,7 +31,8 @@ struct BeatInterval {
 /// irregular (atrial fibrillation). Intervals beside an ectopic beat are replaced by the time between the
 /// normal beats around it over the number of intervals; a gap of two or three whole intervals in a regular
 /// rhythm holds missed beats. A mark on another wave of the QRS than usual is shifted to the usual one for
-/// the corrected interval. Until six beats have taught the shape every interval between 0.3 and 2 s counts.
+/// the corrected interval. An interval over lost samples counts only if it is in step. Until six beats have
+/// taught the shape every interval between 0.3 and 2 s counts.
 class IntervalSeries {
 public:
     /// Seconds after whose end the value of a second stands. The tick of second s stores `MeanInterval` of s

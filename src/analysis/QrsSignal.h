@@ -30,8 +30,10 @@ public:
     /// Whether from `reach` samples before to `reach` samples after `index` samples were lost (three or more)
     /// or the line was flat (any one value for 96 samples, or 0 for 20 after a step down or up to it).
     bool BesideGap(double index, double reach) const;
-    /// Whether samples were lost after `index`.
-    bool GapSince(double index) const { return static_cast<double>(gapEnd_) > index; }
+    /// Whether there was such a gap between two places.
+    bool GapBetween(double from, double to) const {
+        return static_cast<double>(gapEnd_) > from && static_cast<double>(gapStart_) < to;
+    }
 
 private:
     static constexpr int RingSize = 512;

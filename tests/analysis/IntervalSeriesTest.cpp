@@ -47,6 +47,22 @@ TEST(IntervalSeriesTest, AnEctopicBeatBendsNothing) {
         EXPECT_NEAR(series.MeanInterval(second), 0.8, 1e-5);
 }
 
+TEST(IntervalSeriesTest, AnIntervalOverLostSamplesBendsNothing) {
+    for (const double gap : {2.0, 1.15, 5.3}) {
+        IntervalSeries series;
+        for (int i = 0; i < 20; ++i) {
+            Beat beat = BeatAt(0.5 + 0.8 * i + (i >= 12 ? gap - 0.8 : 0));
+            beat.AfterGap = i == 12 || i == 16; // at 16 nothing was lost but a few samples between the beats
+            series.Add(beat);
+            for (int second = 2; second <= beat.Time; ++second)
+                ASSERT_NEAR(series.MeanInterval(second), 0.8, 1e-5) << gap << " " << i << " " << second;
+        }
+        std::vector<BeatInterval> intervals;
+        EXPECT_EQ(Kinds(series, intervals), "NNNNNNNNNNNNXNNNNNNN") << gap;
+        EXPECT_NEAR(intervals[13].Corrected, 0.8, 1e-5);
+    }
+}
+
 TEST(IntervalSeriesTest, InARhythmOfCoupletsTheNormalBeatStaysTheNormalOne) {
     IntervalSeries series;
     std::string expected;
