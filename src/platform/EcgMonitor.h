@@ -8,7 +8,8 @@
 
 namespace pulselark {
 
-/// An ECG monitor as the acquisition meets it: nine operations, in the order of their use, and a check.
+/// An ECG monitor as the acquisition meets it: nine operations, in the order of their use, and
+/// what some of them can say besides.
 /// Channels count from 1. No call waits: what has not arrived yet comes with a later `Read_Buff`.
 class EcgMonitor {
 public:
@@ -17,6 +18,8 @@ public:
     virtual Integer Init() = 0;
     /// In words what went wrong last, or what the monitor is doing; empty if all is well.
     virtual std::string Error_Msg() = 0;
+    /// In words how a monitor that gives samples is, and its driver's version; empty if it does not say.
+    virtual std::string Status() { return {}; }
     virtual Integer Tot_Channels() = 0;
     virtual std::string Sig_Name(Integer channel) = 0;
     /// The range of the channel's samples, in the numbers that `Read_Buff` gives.

@@ -12,6 +12,7 @@ enum class MonitorWord {
     FileUnreadable,  ///< the file follows
     FileAtEnd,       ///< the replay is over
     PortFailed,      ///< the port cannot be opened; it follows
+    NoPort,          ///< none is chosen, and none is there to be taken
     NotAnEcg,        ///< data arrive that the protocol does not explain: another speed or protocol
     NoLibrary,       ///< a driver library that is not installed; its name follows
     LibraryTooSmall, ///< a driver library without an operation that is needed; its name follows

@@ -44,6 +44,8 @@ struct LiveInput {
 LiveInput inputA{1, LiveChannelA, WriteIndexA, Diagnostics.A, {}, 0, 0};
 LiveInput inputB{2, LiveChannelB, WriteIndexB, Diagnostics.B, {}, 0, 0};
 
+double workOfSeconds = 0; // in the tick that runs, ms
+
 bool RecordsB() {
     return ChannelBPresent != Off && MonitorChannels() > 1;
 }
@@ -191,6 +193,18 @@ void ShowOtherRate() {
         labBPMA.Caption += " (" + LanguageText(TextFieldMonitor) + ": " + std::to_string(Round(own)) + ")";
 }
 
+// The analyses of a second; of several at once only the newest is shown and heard.
+void WorkSecond(bool newest) {
+    const double start = ThePlatform().Clock.FineMilliseconds();
+    AnalysisSecond = RecordedSeconds;
+    if (newest)
+        RunSecond(ConnectionLost == Off);
+    else
+        RunAnalyses();
+    Diagnostics.Second.Take(ThePlatform().Clock.FineMilliseconds() - start);
+    workOfSeconds += Diagnostics.Second.Last;
+}
+
 void ProcessSecond(bool newest) {
     ++RecordedSeconds;
     SessionSeconds = SessionTick = RecordedSeconds;
@@ -198,16 +212,13 @@ void ProcessSecond(bool newest) {
     LiveChannelA.StoreIntervals(RecordedSeconds);
     if (RecordsB())
         LiveChannelB.StoreIntervals(RecordedSeconds);
+    WorkSecond(newest);
     if (newest) {
-        RunSecond(ConnectionLost == Off);
         Diagnostics.SecondToChord.Take(SessionMilliseconds(ClockNow()) - 1000.0 * RecordedSeconds);
         ShowRate(labBPMA, IbiA.at(RecordedSeconds), LiveChannelA.SecondLost(RecordedSeconds));
         ShowOtherRate();
         if (ChannelBPresent != Off)
             ShowRate(labBPMB, IbiB.at(RecordedSeconds), LiveChannelB.SecondLost(RecordedSeconds));
-    } else {
-        AnalysisSecond = RecordedSeconds;
-        RunAnalyses(); // of several seconds at once only the newest is shown and heard
     }
     JournalIntervals(RecordedSeconds);
 }
@@ -285,8 +296,9 @@ void RunTick() {
 
 void ProcessTick() {
     const double start = ThePlatform().Clock.FineMilliseconds();
+    workOfSeconds = 0;
     RunTick();
-    Diagnostics.Tick.Take(ThePlatform().Clock.FineMilliseconds() - start);
+    Diagnostics.Tick.Take(ThePlatform().Clock.FineMilliseconds() - start - workOfSeconds);
 }
 
 } // namespace pulselark

@@ -81,13 +81,19 @@ void Lose(Long now) {
     HoldFeedback();
 }
 
+// The first samples are there.
+void ShowRecording() {
+    const std::string status = MonitorStatus();
+    if (!waitingText.empty() || !status.empty())
+        ShowStatus(LanguageText(TextRecording) + (status.empty() ? "" : " – " + status));
+}
+
 void ComeBack(Long now) {
     const bool lost = ConnectionLost != Off && samplesHaveCome;
     ConnectionLost = Off;
     labConnection = {};
     if (!lost) {
-        if (!waitingText.empty())
-            ShowStatus(LanguageText(TextRecording));
+        ShowRecording();
         return;
     }
     const Long seconds = static_cast<Long>(Round(MillisecondsBetween(lastSampleAt, now) / 1000.0));

@@ -19,14 +19,15 @@ struct ChannelFigures {
     double NominalRate = 0;      ///< what the monitor says of itself
     Long LostSamples = 0;        ///< of the 128 a second, those that stand for nothing
     double Corrected = 0;        ///< samples that the monitor's clock has made too few since it was connected
-    double ClockDrift = 0;       ///< by which share that clock goes too fast
+    double ClockDrift = 0;       ///< by which share that clock goes too fast, if that is put right
     double LagMs = 0;            ///< by how much the newest sample is older than the clock
 };
 
 struct RecordingDiagnostics {
     MeasuredTime BeatToLamp;    ///< from the time of a beat in the data to the blink of the lamp
     MeasuredTime SecondToChord; ///< from the end of a second in the data to its chord and panels
-    MeasuredTime Tick;          ///< work of one acquisition tick
+    MeasuredTime Tick;          ///< work of one acquisition tick, without that of a second
+    MeasuredTime Second;        ///< analyses of a second, its panels and its feedback
     MeasuredTime JournalFlush;  ///< of the journal onto the disk, in the background
     ChannelFigures A, B;
     Long Beats = 0;          ///< of channel A

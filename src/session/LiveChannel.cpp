@@ -145,7 +145,7 @@ void LiveChannel::KeepTime(Long now, double byClock) {
     const double put = firstWritten_ + resampler_->Reached() - counted;
     CorrectRate(clock_.Missing(now) - put);
     figures_.Corrected = put;
-    figures_.ClockDrift = -clock_.Drift() / SamplesPerSecond;
+    figures_.ClockDrift = corrected_ ? -clock_.Drift() / SamplesPerSecond : 0;
 }
 
 void LiveChannel::CorrectRate(double missing) {

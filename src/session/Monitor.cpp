@@ -94,4 +94,9 @@ std::string MonitorText() {
     return monitor != nullptr ? monitor->Error_Msg() : std::string();
 }
 
+std::string MonitorStatus() {
+    EcgMonitor* monitor = OpenOne();
+    return monitor != nullptr ? monitor->Status() : std::string();
+}
+
 } // namespace pulselark

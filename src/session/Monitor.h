@@ -37,4 +37,7 @@ double MonitorHeartRate();
 /// What the monitor says of itself, or empty.
 std::string MonitorText();
 
+/// How the monitor is that gives samples, in its own words; empty if it does not say.
+std::string MonitorStatus();
+
 } // namespace pulselark

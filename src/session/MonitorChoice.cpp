@@ -108,13 +108,14 @@ void ChooseReplayFile() {
 }
 
 std::string TextOfMonitorWord(MonitorWord word) {
-    constexpr std::array Texts{TextMonitorConnecting,     TextMonitorLost,        TextMonitorNoFile,
-                               TextMonitorFileUnreadable, TextMonitorFileAtEnd,   TextMonitorPortClosed,
-                               TextMonitorNotAnEcg,       TextMonitorNoLibrary,   TextMonitorLibraryTooSmall,
-                               TextMonitorNoBluetooth,    TextMonitorStrapSought, TextMonitorStrapWithoutEcg,
-                               TextMonitorDriverRefused,  TextMonitorOk,          TextMonitorWaiting,
-                               TextMonitorInitialising,   TextMonitorPaused,      TextMonitorEndOfMemory,
-                               TextMonitorMemoryFailure,  TextMonitorPortFailure, TextMonitorVersion};
+    constexpr std::array Texts{TextMonitorConnecting,      TextMonitorLost,          TextMonitorNoFile,
+                               TextMonitorFileUnreadable,  TextMonitorFileAtEnd,     TextMonitorPortClosed,
+                               TextMonitorNoPort,          TextMonitorNotAnEcg,      TextMonitorNoLibrary,
+                               TextMonitorLibraryTooSmall, TextMonitorNoBluetooth,   TextMonitorStrapSought,
+                               TextMonitorStrapWithoutEcg, TextMonitorDriverRefused, TextMonitorOk,
+                               TextMonitorWaiting,         TextMonitorInitialising,  TextMonitorPaused,
+                               TextMonitorEndOfMemory,     TextMonitorMemoryFailure, TextMonitorPortFailure,
+                               TextMonitorVersion};
     static_assert(Texts.size() == MonitorWordCount);
     return LanguageText(Texts.at(static_cast<std::size_t>(word)));
 }

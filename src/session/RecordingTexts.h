@@ -40,6 +40,7 @@ enum RecordingText : int {
     TextMonitorPortClosed = 446,
     TextMonitorNotAnEcg = 447,
     TextMonitorNoLibrary = 448,
+    TextMonitorNoPort = 347,
     TextMonitorLibraryTooSmall = 449,
     TextMonitorDriverRefused = 409,
     TextMonitorNoBluetooth = 427,
@@ -90,6 +91,7 @@ enum RecordingText : int {
     TextNewestSampleAge = 343,
     TextSignalQuality = 344,
     TextAtMost = 345,
+    TextSecondWork = 346,
 };
 
 } // namespace pulselark

@@ -27,6 +27,16 @@ std::function<QString()> CountOf(const Long& count) {
     return [&count] { return QString::number(count); };
 }
 
+// The monitor's name, and the heart rate by its own reckoning if it has one.
+QString MonitorAndItsRate() {
+    if (MonitorName == NoMonitorYet)
+        return "–";
+    const QString name = QString::fromStdString(MonitorName);
+    if (Diagnostics.MonitorRate <= 0)
+        return name;
+    return QString("%1  (%2 %3)").arg(name).arg(Round(Diagnostics.MonitorRate)).arg(Text(TextBpm));
+}
+
 std::function<QString()> RateOf(const ChannelFigures& figures) {
     return [&figures] {
         return QString("%1 / %2")
@@ -58,8 +68,10 @@ frmDiagnostics::frmDiagnostics(QWidget* owner) : FormWindow(owner, "frmDiagnosti
     AddFigure(times_, TextBeatToLamp, TimeOf(Diagnostics.BeatToLamp));
     AddFigure(times_, TextSecondToChord, TimeOf(Diagnostics.SecondToChord));
     AddFigure(times_, TextTickWork, TimeOf(Diagnostics.Tick));
+    AddFigure(times_, TextSecondWork, TimeOf(Diagnostics.Second));
     AddFigure(times_, TextJournalFlush, TimeOf(Diagnostics.JournalFlush));
     recording_ = AddCard(left);
+    AddFigure(recording_, TextFieldMonitor, &MonitorAndItsRate);
     AddFigure(recording_, TextRecordedSeconds, CountOf(RecordedSeconds));
     AddFigure(recording_, TextJournalSeconds, CountOf(Diagnostics.JournalSeconds));
     AddFigure(recording_, TextBeatsFound, CountOf(Diagnostics.Beats));

@@ -144,7 +144,10 @@ TEST_F(VilistusMonitorTest, ReadsSamplesAndTellsItsState) {
     EXPECT_TRUE(Monitor.Read_Buff(2, samples));
     EXPECT_EQ(samples, std::vector<float>(1500, 200.0F));
     EXPECT_EQ(Monitor.Error_Msg(), "");
+    EXPECT_EQ(Monitor.Status(),
+              WordNumber(MonitorWord::StateOk) + " (" + WordNumber(MonitorWord::Version) + "31)");
     Library->State = 6;
+    EXPECT_EQ(Monitor.Status(), "");
     EXPECT_EQ(Monitor.Error_Msg(),
               WordNumber(MonitorWord::StatePortFailure) + " (" + WordNumber(MonitorWord::Version) + "31)");
     Library->State = 7;

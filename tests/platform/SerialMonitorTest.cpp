@@ -125,7 +125,7 @@ TEST_F(SerialMonitorTest, APulledPortIsSoughtUntilItIsBack) {
     const std::size_t before = Samples.size();
     Port.Plugged = false;
     EXPECT_LE(Silence(2000), 1);
-    EXPECT_EQ(Monitor.Error_Msg(), WordNumber(MonitorWord::PortFailed));
+    EXPECT_EQ(Monitor.Error_Msg(), WordNumber(MonitorWord::NoPort)) << "none was chosen, and none is there";
     Silence(8000);
     EXPECT_EQ(Samples.size(), before);
     Port.Plugged = true;

@@ -221,8 +221,9 @@ TEST_F(Acquisition, ARecordingWaitsForItsFirstSamples) {
     EXPECT_EQ(RecordedSeconds, 0);
     EXPECT_EQ(Diagnostics.Losses, 0);
     Monitor().Silent = false;
+    Monitor().Says = "fine";
     Timers.Advance(10300);
-    EXPECT_EQ(labStatus.Caption, "<149>");
+    EXPECT_EQ(labStatus.Caption, "<149> – fine");
     EXPECT_EQ(RecordedSeconds, 10);
     EXPECT_NEAR(WriteIndexA, 10.3 * 128, 3);
 }

@@ -23,6 +23,7 @@ public:
     bool Connected = true; ///< Read_Buff says so; without, nothing comes
     bool Silent = false;   ///< nothing comes, and it does not know
     bool Opens = true;
+    std::string Says; ///< of itself when all is well
     int LoseEvery = 0;                                      ///< of so many samples one is lost; 0 for none
     float LostAs = std::numeric_limits<float>::quiet_NaN(); ///< what stands in a lost one's place
     std::int64_t Packet = 1;                                ///< samples come in packets of so many
@@ -36,6 +37,7 @@ public:
             given = 0;
         return Integer(Opens ? 7 : 0);
     }
+    std::string Status() override { return Says; }
     std::string Error_Msg() override { return Opens ? "" : "no sensor"; }
     Integer Tot_Channels() override { return Channels; }
     std::string Sig_Name(Integer /*channel*/) override { return "ECG"; }

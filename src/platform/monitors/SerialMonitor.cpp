@@ -91,7 +91,8 @@ std::string SerialMonitor::Error_Msg() {
     if (!open_ || Connected())
         return {};
     if (!portOpen_)
-        return words_(MonitorWord::PortFailed) + options_.Text("port");
+        return options_.Text("port").empty() ? words_(MonitorWord::NoPort)
+                                             : words_(MonitorWord::PortFailed) + options_.Text("port");
     if (unexplained_ > ManyBytes)
         return words_(MonitorWord::NotAnEcg);
     return words_(seenGood_ ? MonitorWord::Lost : MonitorWord::Connecting);

@@ -81,8 +81,15 @@ std::string VilistusMonitor::Error_Msg() {
     if (!open_ || driver_.GetSystemStatus == nullptr)
         return {};
     const Long state = driver_.GetSystemStatus(&dsuNumber_);
-    if (state <= 0 || state >= StateCount)
-        return {};
+    return state <= 0 || state >= StateCount ? std::string() : StateInWords(state);
+}
+
+std::string VilistusMonitor::Status() {
+    const bool well = open_ && driver_.GetSystemStatus != nullptr && driver_.GetSystemStatus(&dsuNumber_) == 0;
+    return well ? StateInWords(0) : std::string();
+}
+
+std::string VilistusMonitor::StateInWords(Long state) {
     const auto word = static_cast<MonitorWord>(static_cast<int>(MonitorWord::StateOk) + state);
     if (driver_.ReportVersion == nullptr)
         return words_(word);

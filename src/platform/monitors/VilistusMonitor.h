@@ -37,6 +37,7 @@ public:
     /// Succeeds whenever there is the library: whether a unit answers is not asked.
     Integer Init() override;
     std::string Error_Msg() override;
+    std::string Status() override;
     Integer Tot_Channels() override;
     double Sig_Rate(Integer channel) override;
     bool Read_Buff(Integer channel, std::vector<float>& samples) override;
@@ -60,6 +61,7 @@ private:
     bool OpenLibrary();
     void PrepareVilistus();
     void StopVilistus();
+    std::string StateInWords(Long state);
 
     Clock& clock_;
     MonitorWords words_;
