@@ -23,7 +23,7 @@ public:
     bool Connected = true; ///< Read_Buff says so; without, nothing comes
     bool Silent = false;   ///< nothing comes, and it does not know
     bool Opens = true;
-    std::string Says; ///< of itself when all is well
+    std::string Says;                                       ///< of itself when all is well
     int LoseEvery = 0;                                      ///< of so many samples one is lost; 0 for none
     float LostAs = std::numeric_limits<float>::quiet_NaN(); ///< what stands in a lost one's place
     std::int64_t Packet = 1;                                ///< samples come in packets of so many

@@ -85,7 +85,8 @@ std::string VilistusMonitor::Error_Msg() {
 }
 
 std::string VilistusMonitor::Status() {
-    const bool well = open_ && driver_.GetSystemStatus != nullptr && driver_.GetSystemStatus(&dsuNumber_) == 0;
+    const bool well =
+        open_ && driver_.GetSystemStatus != nullptr && driver_.GetSystemStatus(&dsuNumber_) == 0;
     return well ? StateInWords(0) : std::string();
 }
 
