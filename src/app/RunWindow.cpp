@@ -17,6 +17,7 @@
 #include "session/ShutDown.h"
 #include "session/StartUp.h"
 #include "workspace/Motion.h"
+#include "workspace/ToolkitLanguage.h"
 #include "workspace/WindowPlatform.h"
 #include "workspace/frmAbout_new.h"
 #include "workspace/frmMain.h"
@@ -122,6 +123,7 @@ int RunWindow(int argc, char** argv, const WindowOptions& options) {
             return ComplainOfFile(options.Trace, FailurePathFileAccess, 0);
         trace = TraceInto(*traceFile);
     }
+    UseToolkitLanguage();
     frmMain window(platform, options.Version.c_str());
     FitToScreen(window);
     if (options.FullSpeed) {

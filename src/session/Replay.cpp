@@ -54,7 +54,8 @@ void StartReplay(bool keepPlayer) {
 void EndReplay() {
     timReplay.Enabled = false;
     SilenceMidi();
-    ShowStatus(SessionName + LanguageText(TextReplayEnded));
+    if (SessionSeconds > 0)
+        ShowStatus(SessionName + LanguageText(TextReplayEnded));
     RefreshSessionButtons(false);
     if (FeedbackFromReplay())
         SendAppCommand(CmdStopScroll);

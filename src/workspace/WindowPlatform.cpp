@@ -6,6 +6,7 @@
 #include "platform/monitors/StandardMonitors.h"
 #include "session/MonitorChoice.h"
 #include "session/Settings.h"
+#include "workspace/FileDialog.h"
 #include "workspace/Texts.h"
 #include "workspace/frmMessage.h"
 #include "workspace/frmProgressBar.h"
@@ -63,6 +64,11 @@ QString FilterOf(const std::string& filter) {
     return words.contains("*." + ExtensionOf(filter)) ? words : PlainFilterOf(filter);
 }
 
+std::optional<std::string> NameFrom(QFileDialog& dialog) {
+    const QString name = RunFileDialog(dialog);
+    return name.isEmpty() ? std::nullopt : std::optional(name.toStdString());
+}
+
 QString TitleOf(int text) {
     return Text(text).remove(QString::fromUtf8("…"));
 }
@@ -109,11 +115,9 @@ void WindowPlatform::CatchUp() const {
 std::optional<std::string> WindowPlatform::ChooseFileToOpen(const std::string& start,
                                                             const std::string& filter) {
     CatchUp();
-    const QString name = QFileDialog::getOpenFileName(owner_, TitleOf(KindOf(filter).OpenTitle),
-                                                      FolderOf(start), FilterOf(filter));
-    if (name.isEmpty())
-        return std::nullopt;
-    return name.toStdString();
+    QFileDialog dialog(owner_, TitleOf(KindOf(filter).OpenTitle), FolderOf(start), FilterOf(filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return NameFrom(dialog);
 }
 
 std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& start,
@@ -123,9 +127,7 @@ std::optional<std::string> WindowPlatform::ChooseFileToSave(const std::string& s
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // With the suffix set here, the question about replacing a file is asked for the name as it will be.
     dialog.setDefaultSuffix(ExtensionOf(filter));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
-    return dialog.selectedFiles().constFirst().toStdString();
+    return NameFrom(dialog);
 }
 
 int WindowPlatform::Show(const std::string& text, int buttons, const MessageManner& manner) {

@@ -27,6 +27,7 @@
 #include "workspace/ScanPanel.h"
 #include "workspace/StatusLine.h"
 #include "workspace/Texts.h"
+#include "workspace/ToolkitLanguage.h"
 #include "workspace/TopBar.h"
 #include "workspace/TrainingView.h"
 #include "workspace/TransportButton.h"
@@ -166,6 +167,7 @@ void frmMain::MirrorChooser() {
 }
 
 void frmMain::ApplyLanguage() {
+    UseToolkitLanguage();
     menus_->Retranslate();
     topBar_->Retranslate();
     buttons_->Retranslate();

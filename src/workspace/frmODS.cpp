@@ -4,6 +4,7 @@
 #include "persistence/FileMessages.h"
 #include "session/LanguageTable.h"
 #include "session/MainControls.h"
+#include "workspace/FileDialog.h"
 #include "workspace/FocusRing.h"
 #include "workspace/Look.h"
 #include "workspace/SideWindowParts.h"
@@ -133,9 +134,7 @@ QString frmODS::AskForName() {
         if (!chosen.completeBaseName().isEmpty() && !chosen.isDir())
             dialog.selectFile(chosen.completeBaseName() + "." + ending);
     });
-    if (dialog.exec() != QDialog::Accepted)
-        return {};
-    return dialog.selectedFiles().value(0);
+    return RunFileDialog(dialog);
 }
 
 void frmODS::Save() {
