@@ -25,12 +25,13 @@ namespace pulselark {
 
 namespace {
 
-// Samples up to the end of the last second; what is missing there keeps the line where it was.
+// Samples up to the end of the last second; what is missing there keeps the line where it was. A channel that
+// has left the recording before lies at 0.
 void FillSamples(EcgBuffer& ecg, const std::vector<float>& samples, Long seconds) {
     const auto count = static_cast<std::size_t>(seconds) * SamplesPerSecond;
     const std::size_t known = std::min(samples.size(), count);
     std::copy_n(samples.begin(), known, ecg.begin());
-    if (known > 0)
+    if (known > 0 && count - known < SamplesPerSecond)
         std::fill_n(ecg.begin() + static_cast<std::ptrdiff_t>(known), count - known, samples[known - 1]);
 }
 
