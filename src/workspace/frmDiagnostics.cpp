@@ -31,7 +31,7 @@ std::function<QString()> CountOf(const Long& count) {
 QString MonitorAndItsRate() {
     if (MonitorName == NoMonitorYet)
         return "–";
-    const QString name = QString::fromStdString(MonitorName);
+    QString name = QString::fromStdString(MonitorName);
     if (Diagnostics.MonitorRate <= 0)
         return name;
     return QString("%1  (%2 %3)").arg(name).arg(Round(Diagnostics.MonitorRate)).arg(Text(TextBpm));
