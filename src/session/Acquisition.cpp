@@ -64,41 +64,53 @@ bool AnySample(const std::vector<float>& raw) {
     return std::any_of(raw.begin(), raw.end(), [](float sample) { return !std::isnan(sample); });
 }
 
-// Keeps the newest samples that fit `room`, which is in samples of the session.
-void KeepNewest(LiveInput& input, double room) {
-    const double most = std::max(0.0, room / SamplesPerSecond * MonitorRate(input.Number));
-    const auto count = static_cast<std::size_t>(Round(most));
-    if (input.Raw.size() > count)
-        input.Raw.erase(input.Raw.begin(), input.Raw.end() - static_cast<std::ptrdiff_t>(count));
+// Keeps the newest samples that fit `room`, which is in samples of the session. Returns how many seconds of
+// older ones went.
+double KeepNewest(LiveInput& input, double room) {
+    const double rate = MonitorRate(input.Number);
+    const auto most = static_cast<std::size_t>(Round(std::max(0.0, room / SamplesPerSecond * rate)));
+    const std::size_t old = input.Raw.size() - std::min(input.Raw.size(), most);
+    input.Raw.erase(input.Raw.begin(), input.Raw.begin() + static_cast<std::ptrdiff_t>(old));
+    return static_cast<double>(old) / rate;
 }
 
-// The first samples of a recording or after a loss, the newest of which lies at `newest` samples of the
-// session. Those that the time base has no room for are old.
-void ConnectInput(LiveInput& input, Long now, double newest) {
-    const double step = SamplesPerSecond / MonitorRate(input.Number);
-    KeepNewest(input, newest + step - input.WriteIndex);
-    input.Channel.Connect(MonitorRate(input.Number),
-                          newest - (static_cast<double>(input.Raw.size()) - 1) * step);
+// The first samples of a recording or after a loss; the first of them lies at `place` samples of the session.
+void ConnectInput(LiveInput& input, Long now, double place) {
+    input.Channel.Connect(MonitorRate(input.Number), place);
     input.Total = -static_cast<double>(input.Raw.size()); // they came in no time that could be measured
     input.Since = SessionMilliseconds(now);
 }
 
-// The session's time begins, or goes on, with the first samples.
-void BeginInputs(Long now) {
-    KeepNewest(inputA, LongestFirstBatch * SamplesPerSecond);
-    const double step = SamplesPerSecond / MonitorRate(inputA.Number);
-    const double end = WriteIndexA + static_cast<double>(inputA.Raw.size()) * step;
-    AnchorSession(now, end);
-    SetFirstDueTimes(Later(now, -static_cast<Long>(Round((end - WriteIndexA) * 1000 / SamplesPerSecond))));
-    ConnectInput(inputA, now, end - step);
-    if (RecordsB())
-        ConnectInput(inputB, now, end - step);
+// A channel's samples of this tick begin where those of the other one do, however many of them have come.
+void ConnectInputB(Long now, double place, double secondsGone) {
+    if (!RecordsB())
+        return;
+    const auto gone = static_cast<std::size_t>(Round(secondsGone * MonitorRate(inputB.Number)));
+    std::vector<float>& raw = inputB.Raw;
+    raw.erase(raw.begin(), raw.begin() + static_cast<std::ptrdiff_t>(std::min(gone, raw.size())));
+    ConnectInput(inputB, now, place);
 }
 
-// A channel that has not been heard before is as late as the other one.
-void ResumeInput(LiveInput& input, Long now) {
-    const double own = input.Channel.UsualLag();
-    ConnectInput(input, now, SamplesByClock(now) - (own != 0 ? own : LiveChannelA.UsualLag()));
+// The session's time begins, or goes on, with the first samples.
+void BeginInputs(Long now) {
+    const double gone = KeepNewest(inputA, LongestFirstBatch * SamplesPerSecond);
+    const double came = static_cast<double>(inputA.Raw.size()) / MonitorRate(inputA.Number);
+    AnchorSession(now, WriteIndexA + came * SamplesPerSecond);
+    SetFirstDueTimes(Later(now, -static_cast<Long>(Round(came * 1000))));
+    ConnectInput(inputA, now, WriteIndexA);
+    ConnectInputB(now, WriteIndexA, gone);
+}
+
+// The samples of this tick, the newest of which came after the usual time on their way. Those that lie before
+// the write index are old.
+void ResumeInput(LiveInput& input, Long now, double lag) {
+    const double newest = SamplesByClock(now) - lag;
+    const double step = SamplesPerSecond / MonitorRate(input.Number);
+    const double gone = KeepNewest(input, newest + step - input.WriteIndex);
+    const double place = newest - (static_cast<double>(input.Raw.size()) - 1) * step;
+    ConnectInput(input, now, place);
+    if (&input == &inputA)
+        ConnectInputB(now, place, gone);
 }
 
 void TakeInput(LiveInput& input, Long now) {
@@ -117,17 +129,19 @@ void TakeInputB(Long now) {
         LiveChannelB.Disconnect();
         return;
     }
+    // One that has not been heard before is as late as the other one.
+    const double own = LiveChannelB.UsualLag();
     if (!LiveChannelB.Connected())
-        ResumeInput(inputB, now);
+        ResumeInput(inputB, now, own != 0 ? own : LiveChannelA.UsualLag());
     TakeInput(inputB, now);
 }
 
 // The gap of a lost connection grows with the clock.
 void FillGap(Long now) {
-    for (LiveInput* input : {&inputA, &inputB}) {
-        if (input == &inputA || RecordsB())
-            input->Channel.FillGap(static_cast<Long>(SamplesByClock(now) - input->Channel.UsualLag()));
-    }
+    const auto end = static_cast<Long>(SamplesByClock(now) - LiveChannelA.UsualLag());
+    LiveChannelA.FillGap(end);
+    if (RecordsB())
+        LiveChannelB.FillGap(end);
 }
 
 void TakeSamples(Long now) {
@@ -141,7 +155,7 @@ void TakeSamples(Long now) {
     if (begins)
         BeginInputs(now);
     if (resumes)
-        ResumeInput(inputA, now);
+        ResumeInput(inputA, now, LiveChannelA.UsualLag());
     if (ConnectionLost != Off) {
         FillGap(now);
         return;

@@ -65,6 +65,25 @@ TEST_F(Acquisition, AnHourInTwoChannelsKeepsTimeBeatsAndJournal) {
     EXPECT_NEAR(static_cast<double>(Journal().size()), 3600 * 2 * 128 * 4.0, 3600 * 2 * 250.0);
 }
 
+TEST_F(Acquisition, BothChannelsHaveOneTime) {
+    for (const double rate : {128.0, 250.0}) {
+        PutEverythingBack();
+        InstallTimerHandlers();
+        MonitorName = "fake";
+        AutoEndSession = Off;
+        ChannelMode = 1;
+        ChannelBPresent = On;
+        Monitor().Channels = 2;
+        Monitor().Rate = rate;
+        Monitor().AheadB = 3; // they came while A was read
+        Monitor().Speed = 0.9996;
+        Record(60500);
+        for (Long i = 1; i <= 60 * 128; ++i)
+            ASSERT_NEAR(EcgB[i], EcgA[i], 5) << rate << " " << i;
+        timProcess.Enabled = false;
+    }
+}
+
 TEST_F(Acquisition, ChannelBCanJoinAndLeaveARecording) {
     Monitor().Channels = 2;
     Monitor().Rate = 250;

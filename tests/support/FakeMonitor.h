@@ -27,7 +27,8 @@ public:
     int LoseEvery = 0;                                      ///< of so many samples one is lost; 0 for none
     float LostAs = std::numeric_limits<float>::quiet_NaN(); ///< what stands in a lost one's place
     std::int64_t Packet = 1;                                ///< samples come in packets of so many
-    double OwnRate = 0;                                     ///< heart rate by its own reckoning
+    std::int64_t AheadB = 0; ///< samples that channel B has more when it is read, after A
+    double OwnRate = 0;      ///< heart rate by its own reckoning
     int Inits = 0, Closes = 0;
 
     Integer Init() override {
@@ -47,7 +48,8 @@ public:
     bool Read_Buff(Integer channel, std::vector<float>& samples) override {
         std::int64_t& given = given_[channel - 1];
         const auto due =
-            static_cast<std::int64_t>(static_cast<double>(clock_.Now - start_) * Rate * Speed / 1000);
+            static_cast<std::int64_t>(static_cast<double>(clock_.Now - start_) * Rate * Speed / 1000) +
+            (channel == 2 ? AheadB : 0);
         for (; given < due / Packet * Packet; ++given) {
             if (Connected && !Silent)
                 samples.push_back(SampleAt(given));
