@@ -11,9 +11,8 @@ namespace pulselark {
 
 namespace {
 
-constexpr double ZeroCrossings = 8; // of the sinc on each side, before the window ends it
 constexpr double CutOff = 0.9;      // of the lower of the two Nyquist rates
-constexpr double KaiserShape = 4.5; // about 50 dB in the stop band
+constexpr double KaiserShape = 6; // about 63 dB in the stop band
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
 
 // Modified Bessel function of order 0, by its power series.
@@ -39,10 +38,10 @@ double LowPass(double distance, double bandwidth, double reach) {
 
 } // namespace
 
-Resampler::Resampler(double rate, double first) : step_(rate / OutputRate) {
+Resampler::Resampler(double rate, double first, Filter filter) : step_(rate / OutputRate) {
     if (!CanTake(rate))
         throw Failure{FailureOverflow};
-    half_ = static_cast<int>(std::ceil(ZeroCrossings * std::max(1.0, step_)));
+    half_ = static_cast<int>(std::ceil(int{filter} * std::max(1.0, step_)));
     MakeTable();
     samples_.resize(2 * static_cast<std::size_t>(half_) + 2);
     lost_.resize(samples_.size());

@@ -68,7 +68,7 @@ void LiveChannel::Connect(double rate, double first) {
     firstWritten_ = std::max(writeIndex_, static_cast<Long>(whole));
     FillWithLost(firstWritten_);
     const double untilFirst = asTheyAre ? 0 : std::max(0.0, firstWritten_ - first);
-    resampler_.emplace(rate, untilFirst * rate / Resampler::OutputRate);
+    resampler_.emplace(rate, untilFirst * rate / Resampler::OutputRate, Resampler::Prompt);
     clock_.Connect();
 }
 

@@ -11,8 +11,8 @@
 namespace pulselark {
 namespace {
 
-std::vector<float> Resampled(double rate, double seconds, double hertz) {
-    Resampler resampler(rate);
+std::vector<float> Resampled(double rate, double seconds, double hertz, Resampler::Filter filter) {
+    Resampler resampler(rate, 0, filter);
     std::vector<float> out;
     for (int i = 0; i < static_cast<int>(seconds * rate); ++i)
         resampler.Push(static_cast<float>(100 * std::cos(2 * std::numbers::pi * hertz * i / rate)), out);
@@ -22,18 +22,20 @@ std::vector<float> Resampled(double rate, double seconds, double hertz) {
 
 TEST(ResamplerTest, ASineComesOutInItsPlaceAtAnyRate) {
     for (const double rate : {125.0, 130.0, 200.0, 250.0, 256.0, 360.0, 133.33, 1000.0})
-        for (const double hertz : {1.0, 10.0, 30.0}) {
-            const auto out = Resampled(rate, 10, hertz);
-            ASSERT_NEAR(static_cast<double>(out.size()), 1280, 1) << rate;
-            for (std::size_t k = 32; k + 32 < out.size(); ++k)
-                ASSERT_NEAR(out[k],
-                            100 * std::cos(2 * std::numbers::pi * hertz * static_cast<double>(k) / 128), 0.5)
-                    << rate << " " << hertz << " " << k;
-        }
+        for (const double hertz : {1.0, 10.0, 30.0})
+            for (const auto filter : {Resampler::Thorough, Resampler::Prompt}) {
+                const auto out = Resampled(rate, 10, hertz, filter);
+                ASSERT_NEAR(static_cast<double>(out.size()), 1280, 1) << rate;
+                for (std::size_t k = 32; k + 32 < out.size(); ++k)
+                    ASSERT_NEAR(out[k],
+                                100 * std::cos(2 * std::numbers::pi * hertz * static_cast<double>(k) / 128),
+                                0.5)
+                        << rate << " " << hertz << " " << k;
+            }
 }
 
 TEST(ResamplerTest, WhatLiesAboveTheNewRateIsTakenOut) {
-    const auto out = Resampled(1000, 5, 90); // would come out as 38 Hz
+    const auto out = Resampled(1000, 5, 90, Resampler::Thorough); // would come out as 38 Hz
     for (std::size_t k = 32; k + 32 < out.size(); ++k)
         ASSERT_LT(std::abs(out[k]), 0.6);
 }
