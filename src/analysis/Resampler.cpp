@@ -11,7 +11,7 @@ namespace pulselark {
 
 namespace {
 
-constexpr double CutOff = 0.9;      // of the lower of the two Nyquist rates
+constexpr double CutOff = 0.9;    // of the lower of the two Nyquist rates
 constexpr double KaiserShape = 6; // about 63 dB in the stop band
 constexpr float Lost = std::numeric_limits<float>::quiet_NaN();
 
