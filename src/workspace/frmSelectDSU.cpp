@@ -154,7 +154,7 @@ void frmSelectDSU::Retranslate() {
     for (std::size_t i = 0; i < rows_.size(); ++i)
         rows_[i]->SetWords(PlainMonitors[i].Name, Text(PlainMonitors[i].Text));
     SetCaption(labOK_, Text(TextOk));
-    shown_ = "-";
+    shown_.assign(1, '-'); // no name of a monitor
     Mirror();
 }
 
